@@ -1,0 +1,129 @@
+/* vsy_Hash: hashing, table sizing and key sorting shared by the open-addressing containers. */
+#include "vsy_Hash.h"
+
+int vsy_NextCapacity(int size)
+{
+    long long s = (long long)size + size / 2;
+    if (s % 2 == 0) s += 1;
+    if (s > VSY_HASH_MAXSIZE) return -1;
+    return (int)s;
+}
+
+int vsy_NextPrimeLike(int n)
+{
+    static const int divisors[7] = {8, 7, 6, 5, 4, 3, 2};
+    long long c = 2 * (long long)n + 1;
+    for (;;) {
+        if (c > VSY_HASH_MAXSIZE) return -1;
+        int divided = 0;
+        for (int i = 0; i < 7; ++i) {
+            if (c % divisors[i] == 0) {
+                divided = 1;
+                break;
+            }
+        }
+        if (!divided) return (int)c;
+        c += 11;
+    }
+}
+
+int vsy_Hash_IntHome(int key, int size)
+{
+    /* The product of a 32-bit key and a 32-bit multiplier always fits in 64 bits. */
+    long long h = (long long)key * 2654435761LL;
+    if (h < 0) h = (long long)key * -2654435761LL;
+    return (int)(h % size);
+}
+
+int vsy_Hash_NameHome(const char* name, int size)
+{
+    long long h = 0;
+    for (const char* p = name; *p; ++p) {
+        /* Bytes count as signed chars, so bytes above 127 pull h below zero. */
+        h = ((signed char)*p + h * 128) % size;
+    }
+    if (h < 0) h = -h;
+    return (int)h;
+}
+
+int vsy_Hash_NameStep(int h)
+{
+    return 8 - h % 8;
+}
+
+static int vsy_Hash_Upper(int c)
+{
+    return (c >= 'a' && c <= 'z') ? c - 'a' + 'A' : c;
+}
+
+int vsy_Hash_NameCompare(const char* a, const char* b, int nocase)
+{
+    const unsigned char* x = (const unsigned char*)a;
+    const unsigned char* y = (const unsigned char*)b;
+    for (;; ++x, ++y) {
+        int cx = nocase ? vsy_Hash_Upper(*x) : *x;
+        int cy = nocase ? vsy_Hash_Upper(*y) : *y;
+        if (cx != cy) return cx < cy ? -1 : 1;
+        if (cx == 0) return 0;
+    }
+}
+
+/* Classic heapsort on a heap indexed from 1: build by sifting down from n / 2 + 1, then swap
+ * the root to the end. less(i, j) and swap(i, j) take 0-based positions. */
+#define VSY_HASH_HEAPSORT(n, LESS, SWAP)                                   \
+    do {                                                                   \
+        if ((n) < 2) break;                                                \
+        for (int start = (n) / 2; start >= 1; --start) {                   \
+            int root = start, end = (n);                                   \
+            for (int child; (child = 2 * root) <= end; root = child) {     \
+                if (child < end && LESS(child - 1, child)) ++child;        \
+                if (!LESS(root - 1, child - 1)) break;                     \
+                SWAP(root - 1, child - 1);                                 \
+            }                                                              \
+        }                                                                  \
+        for (int end = (n); end > 1;) {                                    \
+            SWAP(0, end - 1);                                              \
+            --end;                                                         \
+            int root = 1;                                                  \
+            for (int child; (child = 2 * root) <= end; root = child) {     \
+                if (child < end && LESS(child - 1, child)) ++child;        \
+                if (!LESS(root - 1, child - 1)) break;                     \
+                SWAP(root - 1, child - 1);                                 \
+            }                                                              \
+        }                                                                  \
+    } while (0)
+
+void vsy_Hash_SortKeys(int n, int* keys, int* companion)
+{
+#define KEY_LESS(i, j) (keys[i] < keys[j])
+#define KEY_SWAP(i, j)                                                     \
+    do {                                                                   \
+        int tk = keys[i], tc = companion[i];                               \
+        keys[i] = keys[j], companion[i] = companion[j];                    \
+        keys[j] = tk, companion[j] = tc;                                   \
+    } while (0)
+    VSY_HASH_HEAPSORT(n, KEY_LESS, KEY_SWAP);
+#undef KEY_LESS
+#undef KEY_SWAP
+}
+
+static const char* vsy_Hash_SlotName(const void* slots, int stride, int slot)
+{
+    return *(const char* const*)((const char*)slots + (long long)slot * stride);
+}
+
+void vsy_Hash_SortNames(int n, int* idx, const void* slots, int stride, int nocase)
+{
+#define NAME_LESS(i, j)                                                    \
+    (vsy_Hash_NameCompare(vsy_Hash_SlotName(slots, stride, idx[i]),        \
+                          vsy_Hash_SlotName(slots, stride, idx[j]), nocase) < 0)
+#define NAME_SWAP(i, j)                                                    \
+    do {                                                                   \
+        int t = idx[i];                                                    \
+        idx[i] = idx[j];                                                   \
+        idx[j] = t;                                                        \
+    } while (0)
+    VSY_HASH_HEAPSORT(n, NAME_LESS, NAME_SWAP);
+#undef NAME_LESS
+#undef NAME_SWAP
+}
