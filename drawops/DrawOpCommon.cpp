@@ -1,0 +1,140 @@
+#include "DrawOpCommon.h"
+
+#include "DrawerOutput.h"
+#include "TevBasicViewer.h"
+
+#include <QObject>
+#include <vtkArcSource.h>
+#include <vtkDataSetMapper.h>
+#include <vtkLine.h>
+#include <vtkPoints.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
+#include <vtkTriangle.h>
+#include <vtkUnstructuredGrid.h>
+
+#include <cmath>
+
+DrawOpCommon::DrawOpCommon(bool paramInput)
+    : m_bFinished(false),
+      m_CenterPoint(0, 0, 0),
+      m_SecondPoint(0, 0, 0),
+      m_ThirdPoint(0, 0, 0),
+      m_bParamInput(paramInput)
+{
+}
+
+DrawOpCommon::~DrawOpCommon() = default;
+
+void DrawOpCommon::InitAction(TevBasicViewer*) {}
+
+void DrawOpCommon::ActionCancelled(TevBasicViewer* viewer)
+{
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor);
+    renderer->RemoveActor(m_TempActor2);
+    DrawOpCommon::FinishCurrentOp(viewer);
+    viewer->update();
+}
+
+bool DrawOpCommon::LButtonDown(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::LButtonUp(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::LButtonDoubleClick(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::RButtonDown(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::RButtonUp(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::MovePoint(TevBasicViewer*, const double[3]) { return false; }
+bool DrawOpCommon::KeyDown(TevBasicViewer*, int) { return false; }
+void DrawOpCommon::ChildActionFinished(TevBasicViewer*) {}
+
+bool DrawOpCommon::IsActionFinished()
+{
+    return m_bFinished;
+}
+
+void DrawOpCommon::FinishCurrentOp(TevBasicViewer* viewer)
+{
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor);
+    renderer->RemoveActor(m_TempActor2);
+    viewer->RenderSnapPoint(nullptr);
+    viewer->update();
+}
+
+void DrawOpCommon::Prompt(const char* text)
+{
+    const QByteArray bytes = QObject::tr(text).toLocal8Bit();
+    DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%s", bytes.constData());
+}
+
+// One cell of `count` points (a line or a triangle) as a translucent red wireframe in
+// m_TempActor, replacing the previous one.
+void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count)
+{
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor);
+    const double* p1 = points[0];
+    const double* p2 = points[1];
+    const double d = std::sqrt((p1[0] - p2[0]) * (p1[0] - p2[0]) + (p1[1] - p2[1]) * (p1[1] - p2[1]) +
+                               (p1[2] - p2[2]) * (p1[2] - p2[2]));
+    // The cursor on the first point: the old actor stays out of the renderer, nothing new.
+    if (d == 0.0) return;
+
+    auto vtkPts = vtkSmartPointer<vtkPoints>::New();
+    for (int i = 0; i < count; ++i) vtkPts->InsertNextPoint(points[i]);
+    auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
+    grid->SetPoints(vtkPts);
+    if (count == 2) {
+        auto line = vtkSmartPointer<vtkLine>::New();
+        line->GetPointIds()->SetId(0, 0);
+        line->GetPointIds()->SetId(1, 1);
+        grid->InsertNextCell(line->GetCellType(), line->GetPointIds());
+    } else {
+        auto tri = vtkSmartPointer<vtkTriangle>::New();
+        for (int i = 0; i < 3; ++i) tri->GetPointIds()->SetId(i, i);
+        grid->InsertNextCell(tri->GetCellType(), tri->GetPointIds());
+    }
+    auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
+    mapper->SetInputData(grid);
+    m_TempActor = vtkSmartPointer<vtkActor>::New();
+    m_TempActor->SetMapper(mapper);
+    m_TempActor->GetProperty()->SetOpacity(0.8);
+    m_TempActor->GetProperty()->SetRepresentationToWireframe();
+    m_TempActor->GetProperty()->SetColor(1.0, 0.2, 0.2);
+    renderer->AddActor(m_TempActor);
+    viewer->update();
+}
+
+void DrawOpCommon::DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3])
+{
+    const double* pts[2] = {p1, p2};
+    ShowTempCell(viewer, pts, 2);
+}
+
+void DrawOpCommon::DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3])
+{
+    const double* pts[3] = {p1, p2, p3};
+    ShowTempCell(viewer, pts, 3);
+}
+
+void DrawOpCommon::DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3])
+{
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor2);
+    auto arc = vtkSmartPointer<vtkArcSource>::New();
+    arc->SetResolution(64);
+    arc->UseNormalAndAngleOn();
+    arc->SetCenter(center);
+    arc->SetPolarVector(rim[0] - center[0], rim[1] - center[1], rim[2] - center[2]);
+    arc->SetAngle(360.0);
+    arc->NegativeOn();
+    auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+    mapper->SetInputConnection(arc->GetOutputPort(0));
+    m_TempActor2 = vtkSmartPointer<vtkActor>::New();
+    m_TempActor2->SetMapper(mapper);
+    m_TempActor2->GetProperty()->SetOpacity(0.6);
+    m_TempActor2->GetProperty()->SetColor(1.0, 0.2, 0.2);
+    m_TempActor2->GetProperty()->SetLineWidth(1.0);
+    renderer->AddActor(m_TempActor2);
+    viewer->UpdateViewer();
+}

@@ -1,0 +1,72 @@
+// DrawOpCommon: what every drawing operation shares: the finished flag, the two rubber-band
+// actors, the accepted points, the prompt path and the temporary line, circle and triangle.
+//
+// Rubber-band actors live in the viewer's default renderer only; they are rebuilt from scratch
+// on every mouse move, are never registered as shapes and leave through FinishCurrentOp or
+// ActionCancelled.
+#ifndef DRAWOPCOMMON_H
+#define DRAWOPCOMMON_H
+
+#include "IDrawOp.h"
+
+#include <QString>
+#include <gp_Pnt.hxx>
+#include <vtkActor.h>
+#include <vtkSmartPointer.h>
+
+#include <vector>
+
+class DrawOpCommon : public IDrawOp
+{
+public:
+    // `paramInput` true makes an operation ask for its angular parameters.
+    explicit DrawOpCommon(bool paramInput = false);
+    ~DrawOpCommon() override;
+
+    void InitAction(TevBasicViewer* viewer) override;
+    void ActionCancelled(TevBasicViewer* viewer) override;
+    bool LButtonDown(TevBasicViewer* viewer, const double point[3]) override;
+    bool LButtonUp(TevBasicViewer* viewer, const double point[3]) override;
+    bool LButtonDoubleClick(TevBasicViewer* viewer, const double point[3]) override;
+    bool RButtonDown(TevBasicViewer* viewer, const double point[3]) override;
+    bool RButtonUp(TevBasicViewer* viewer, const double point[3]) override;
+    bool MovePoint(TevBasicViewer* viewer, const double point[3]) override;
+    bool KeyDown(TevBasicViewer* viewer, int key) override;
+    void ChildActionFinished(TevBasicViewer* viewer) override;
+    bool IsActionFinished() override;
+    void FinishCurrentOp(TevBasicViewer* viewer) override;
+
+    std::vector<gp_Pnt>& GetPointList() { return m_PointList; }
+    void SetPointList(std::vector<gp_Pnt> points) { m_PointList = points; }
+    QString GetStatusString() { return m_StatusString; }
+    void SetStatusString(QString& text) { m_StatusString = text; }
+
+    vtkSmartPointer<vtkActor> GetTempActor() const { return m_TempActor; }
+    vtkSmartPointer<vtkActor> GetTempActor2() const { return m_TempActor2; }
+
+    // Prints one prompt line: tr(text) in the local 8-bit encoding at level 0.
+    static void Prompt(const char* text);
+
+protected:
+    // Rubber-band line p1-p2 in m_TempActor; nothing is shown when the points coincide.
+    void DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3]);
+    // Rubber-band circle around `center` through `rim` in m_TempActor2.
+    void DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3]);
+    // Rubber-band triangle in m_TempActor; nothing is shown when p1 and p2 coincide.
+    void DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3]);
+
+    bool m_bFinished;
+    vtkSmartPointer<vtkActor> m_TempActor;   // line, rectangle or triangle
+    vtkSmartPointer<vtkActor> m_TempActor2;  // circle, curve or shape
+    std::vector<gp_Pnt> m_PointList;         // accepted points in click order; never cleared
+    gp_Pnt m_CenterPoint;
+    gp_Pnt m_SecondPoint;
+    gp_Pnt m_ThirdPoint;
+    bool m_bParamInput;
+    QString m_StatusString;
+
+private:
+    void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count);
+};
+
+#endif

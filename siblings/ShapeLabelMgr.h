@@ -1,0 +1,45 @@
+// ShapeLabelMgr: the registry of the document's shapes. Every top-level shape of the document's
+// shape tool is one entry, with a name kept on its label.
+#ifndef SHAPELABELMGR_H
+#define SHAPELABELMGR_H
+
+#include <QString>
+#include <Standard_Handle.hxx>
+#include <TDF_Label.hxx>
+#include <TopoDS_Shape.hxx>
+
+#include <vector>
+
+class TDocStd_Document;
+
+class ShapeLabelMgr
+{
+public:
+    static ShapeLabelMgr* GetInstance();
+
+    // All top-level shapes of ShapeDocMgr's document, in the order of their labels, which is
+    // the order in which they were added: stable across calls and refreshes.
+    std::vector<TopoDS_Shape> GetAllShapes();
+
+    // Registers a shape that no creator made, named after its type ("Edge_7").
+    void AddNewShapeToDoc(opencascade::handle<TDocStd_Document> doc, TopoDS_Shape shape);
+    // Registers `shape` under a label of its own in `doc` and names it `<prefix>_<tag>`, the tag
+    // of the new label, which keeps names unique within a document. Returns the label, or a
+    // null label for a null shape or document.
+    TDF_Label AddShapeToDoc(const opencascade::handle<TDocStd_Document>& doc, const TopoDS_Shape& shape,
+                            const QString& prefix);
+
+    // The name on the shape's label in ShapeDocMgr's document; empty for a shape it does not hold.
+    QString GetShapeName(TopoDS_Shape* shape);
+    // The label of a top-level shape of ShapeDocMgr's document; null when it is not there.
+    TDF_Label FindLabel(const TopoDS_Shape& shape);
+
+    // The type word used in default names: "Compound", "Solid", "Face", "Edge", ...
+    static QString ShapeTypeName(const TopoDS_Shape& shape);
+
+private:
+    ShapeLabelMgr() = default;
+    static ShapeLabelMgr* m_Instance;
+};
+
+#endif

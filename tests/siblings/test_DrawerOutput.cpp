@@ -1,0 +1,44 @@
+// The message line: formatting, levels and the signal that carries each line to the host.
+#include "DrawerOutput.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+TEST(DrawerOutput, EmitsEachFormattedLineWithItsLevel)
+{
+    std::vector<std::pair<int, QString>> lines;
+    QMetaObject::Connection c = QObject::connect(DrawerOutput::GetInstance(), &DrawerOutput::m_signal_Message,
+                                                 [&lines](int level, QString text) { lines.emplace_back(level, text); });
+    DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "Line : Pick First Point ");
+    DrawerOutput::GetInstance()->EmitMessage2MessageWidget(2, "SetShapeOpacity actor NULL");
+    DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%d edges, r= %.2f", 6, 2.5);
+    QObject::disconnect(c);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0].first, 0);
+    EXPECT_EQ(lines[0].second, "Line : Pick First Point ");
+    EXPECT_EQ(lines[1].first, 2);
+    EXPECT_EQ(lines[1].second, "SetShapeOpacity actor NULL");
+    EXPECT_EQ(lines[2].second, "6 edges, r= 2.50");
+}
+
+TEST(DrawerOutput, LongLinesAreNotCut)
+{
+    QString got;
+    QMetaObject::Connection c = QObject::connect(DrawerOutput::GetInstance(), &DrawerOutput::m_signal_Message,
+                                                 [&got](int, QString text) { got = text; });
+    const std::string longText(5000, 'x');
+    DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%s", longText.c_str());
+    QObject::disconnect(c);
+    EXPECT_EQ(got.size(), 5000);
+}
+
+TEST(DrawerOutput, GetQStringFromCharFormatsLikePrintf)
+{
+    EXPECT_EQ(DrawerOutput::GetQStringFromChar("Snap Grid:%4.5f, %5.5f, %5.5f", 1.0, -2.5, 0.0),
+              "Snap Grid:1.00000, -2.50000, 0.00000");
+    EXPECT_EQ(DrawerOutput::GetQStringFromChar("%s", ""), "");
+    EXPECT_TRUE(DrawerOutput::GetQStringFromChar(nullptr).isEmpty());
+}

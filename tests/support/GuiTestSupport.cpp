@@ -1,0 +1,46 @@
+#include "GuiTestSupport.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QOpenGLWidget>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+namespace tevtest {
+
+void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons, Qt::KeyboardModifiers mods)
+{
+    QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos), Qt::NoButton, buttons, mods);
+    QApplication::sendEvent(widget, &event);
+}
+
+void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen)
+{
+    // Polls until the box is up: exec() starts its own event loop, in which timers still fire.
+    auto* timer = new QTimer();
+    timer->setInterval(20);
+    QObject::connect(timer, &QTimer::timeout, [timer, button, seen]() {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) return;
+        timer->stop();
+        timer->deleteLater();
+        seen->shown = true;
+        seen->title = box->windowTitle();
+        seen->text = box->text();
+        QAbstractButton* b = box->button(button);
+        if (b) b->click();
+        else box->reject();
+    });
+    timer->start();
+}
+
+QImage GrabRendered(QWidget* widget)
+{
+    widget->update();
+    QTest::qWait(50);
+    if (auto* gl = qobject_cast<QOpenGLWidget*>(widget)) return gl->grabFramebuffer();
+    return widget->grab().toImage();
+}
+
+}  // namespace tevtest

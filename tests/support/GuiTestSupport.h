@@ -1,0 +1,37 @@
+// Helpers of the GUI tests: real Qt events on a shown widget, modal dialogs answered from a
+// timer, and a rendered image read back from the widget.
+#ifndef GUITESTSUPPORT_H
+#define GUITESTSUPPORT_H
+
+#include <QImage>
+#include <QMessageBox>
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+namespace tevtest {
+
+// Delivers a mouse move to `widget` at `pos` with `buttons` held. QTest's own mouseMove only
+// moves the X pointer, whose events arrive at an unknown later time.
+void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons = Qt::NoButton,
+               Qt::KeyboardModifiers mods = Qt::NoModifier);
+
+// What a modal message box showed before it was answered.
+struct BoxSeen {
+    bool shown = false;
+    QString title;
+    QString text;
+};
+
+// Arms a timer that answers the next application-modal QMessageBox with `button` and records
+// its title and text into `seen`. Call before the code that opens the box.
+void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen);
+
+// Renders the widget and returns its framebuffer as an image (device pixels, top row first).
+QImage GrabRendered(QWidget* widget);
+
+}  // namespace tevtest
+
+#endif

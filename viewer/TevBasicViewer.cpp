@@ -1,0 +1,465 @@
+#include "TevBasicViewer.h"
+
+#include "DrawOpMgr.h"
+
+#include <IVtkTools_ShapePicker.hxx>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <vtkActor.h>
+#include <vtkAxesActor.h>
+#include <vtkCamera.h>
+#include <vtkGenericOpenGLRenderWindow.h>
+#include <vtkImageActor.h>
+#include <vtkImageData.h>
+#include <vtkImageMapper3D.h>
+#include <vtkInteractorStyleRubberBand3D.h>
+#include <vtkInteractorStyleRubberBandZoom.h>
+#include <vtkInteractorStyleTrackballCamera.h>
+#include <vtkJPEGReader.h>
+#include <vtkOrientationMarkerWidget.h>
+#include <vtkProperty.h>
+#include <vtkRenderWindowInteractor.h>
+#include <vtkRenderer.h>
+#include <vtkRendererCollection.h>
+#include <vtkTextActor.h>
+#include <vtkTextProperty.h>
+
+// A widget of this name is a bare mesh view: no axes, no grid, no work planes.
+static const char* const kMeshViewerName = "CAE-TevViewer";
+
+TevBasicViewer::TevBasicViewer(std::string name)
+    : QVTKWidget(nullptr, Qt::WindowFlags()),
+      m_viewerType(VIEW_TYPE_MAIN),
+      m_hoverActor(nullptr),
+      m_menu(nullptr),
+      m_ctrlPressed(false),
+      m_pressPos{0, 0},
+      m_releasePos{0, 0},
+      m_selectLevel(4),
+      m_grid(nullptr),
+      m_mouseOpMode(MOUSE_OP_SELECT),
+      m_currentSelIndex(0),
+      m_femModel(nullptr)
+{
+    m_snapActor = nullptr;
+    ActiveSelectionMode();
+    m_name = name;
+    m_viewerType = VIEW_TYPE_MAIN;
+}
+
+// m_grid, m_hoverActor and the menu are not freed here: the grid and the highlight actor may
+// still be referenced by singletons that outlive the widget.
+TevBasicViewer::~TevBasicViewer() = default;
+
+void TevBasicViewer::InitViewer()
+{
+    setMinimumHeight(400);
+    setMinimumWidth(500);
+    CreateRightMenu();
+    InitHightActor();
+    InitSnapRender();
+    InitMainRender();
+    if (m_name != kMeshViewerName) {
+        CreateAxis();
+        CreatePlaneGrid();
+    }
+    SetXY();
+    GetInteractor()->SetInteractorStyle(vtkSmartPointer<vtkInteractorStyleRubberBand3D>::New());
+}
+
+void TevBasicViewer::InitSnapRender()
+{
+    m_snapActor = vtkSmartPointer<vtkActor>::New();
+    m_snapActor->SetPickable(0);
+    m_snapActor->SetVisibility(1);
+    vtkProperty* prop = m_snapActor->GetProperty();
+    prop->SetColor(0.8, 0.0, 0.0);
+    prop->SetOpacity(0.5);
+    prop->SetPointSize(2.0);
+    prop->SetLineWidth(3.0);
+    prop->SetLighting(false);
+    m_snapImageActor = vtkSmartPointer<vtkImageActor>::New();
+}
+
+void TevBasicViewer::InitMainRender()
+{
+    m_renderer = vtkSmartPointer<vtkRenderer>::New();
+    // Qt's OpenGL widget can only draw into a generic OpenGL window.
+    auto window = vtkSmartPointer<vtkGenericOpenGLRenderWindow>::New();
+    m_renderer->SetBackground(1.0, 1.0, 0.9);
+    m_renderer->SetBackground2(0.0, 0.8, 0.9);
+    m_renderer->GradientBackgroundOn();
+    window->AddRenderer(m_renderer);
+    SetRenderWindow(window);
+
+    auto picker = vtkSmartPointer<IVtkTools_ShapePicker>::New();
+    picker->SetRenderer(m_renderer);
+    GetInteractor()->SetPicker(picker);
+
+    m_textActor = vtkSmartPointer<vtkTextActor>::New();
+    m_textActor->SetDisplayPosition(10, 10);
+    m_textActor->SetInput(m_name.c_str());
+    m_textActor->GetTextProperty()->SetFontSize(15);
+    m_textActor->GetTextProperty()->SetColor(1.0, 0.0, 0.0);
+    m_renderer->AddActor(m_textActor);
+
+    window->Render();
+}
+
+int TevBasicViewer::FlippedY(QMouseEvent* event) const
+{
+    // bottom - top + 1: the bottom row of the widget becomes 1, not 0.
+    const QRect r = rect();
+    return (r.bottom() - r.top() + 1) - event->y();
+}
+
+void TevBasicViewer::EventToWorld(QMouseEvent* event, double world[3])
+{
+    world[0] = world[1] = world[2] = 0.0;
+    if (!m_renderer) return;
+    m_renderer->SetDisplayPoint(event->x(), FlippedY(event), 0.0);
+    m_renderer->DisplayToWorld();
+    const double* w = m_renderer->GetWorldPoint();
+    world[0] = w[0];
+    world[1] = w[1];
+    world[2] = w[2];
+}
+
+void TevBasicViewer::FinishRedraw()
+{
+    if (m_renderer) m_renderer->ResetCameraClippingRange();
+    update();
+    emit m_signal_ViewerUpdated();
+}
+
+bool TevBasicViewer::IsRectRelease() const
+{
+    return m_pressPos[0] != m_releasePos[0] && m_pressPos[1] != m_releasePos[1] &&
+           m_mouseOpMode == MOUSE_OP_SELECT;
+}
+
+void TevBasicViewer::mousePressEvent(QMouseEvent* event)
+{
+    const int* pos = GetInteractor()->GetEventPosition();
+    m_pressPos[0] = pos[0];
+    m_pressPos[1] = pos[1];
+    QVTKWidget::mousePressEvent(event);
+}
+
+void TevBasicViewer::mouseMoveEvent(QMouseEvent* event)
+{
+    QVTKWidget::mouseMoveEvent(event);
+    double world[3];
+    EventToWorld(event, world);
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
+    mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world);
+    const QString text = tr("Screen Coordinate:") + "(" + QString::number(event->x()) + "," +
+                         QString::number(FlippedY(event)) + ")   " + mgr->GetOutputString();
+    emit m_signal_StatusBar(text);
+}
+
+void TevBasicViewer::mouseReleaseEvent(QMouseEvent* event)
+{
+    double world[3];
+    EventToWorld(event, world);
+    // The operation's answer is ignored: it cannot stop the selection step below.
+    if (event->button() == Qt::LeftButton)
+        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonUp, world);
+    else if (event->button() == Qt::RightButton)
+        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnRButtonUp, world);
+
+    const int* pos = GetInteractor()->GetEventPosition();
+    m_releasePos[0] = pos[0];
+    m_releasePos[1] = pos[1];
+    const bool isRect = IsRectRelease();
+    if (event->button() == Qt::LeftButton) {
+        if (isRect)
+            OnLButtonDownRectPicker(event);
+        else
+            OnLButtonDownMultiPicker(event);
+    } else if (event->button() == Qt::RightButton && !isRect) {
+        emit m_signal_Menu(event->pos());
+    }
+    QVTKWidget::mouseReleaseEvent(event);
+    FinishRedraw();
+}
+
+void TevBasicViewer::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    // QWidget's handler on purpose, not QVTKWidget's: VTK hears the second press only.
+    QWidget::mouseDoubleClickEvent(event);
+    double world[3];
+    EventToWorld(event, world);
+    if (event->button() == Qt::LeftButton)
+        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonDoubleClick, world);
+}
+
+void TevBasicViewer::keyPressEvent(QKeyEvent* event)
+{
+    if (event->modifiers() == Qt::ControlModifier) m_ctrlPressed = true;
+    if (event->key() == Qt::Key_Escape) {
+        DrawOpMgr* mgr = DrawOpMgr::GetInstance();
+        if (!mgr->GetCurrentOp()) {
+            ProcessHighLightedObj();
+            emit m_signal_SelChange("");
+        }
+        mgr->ProcessKeyDown(this, Qt::Key_Escape);
+    }
+    if (event->key() == Qt::Key_Tab) HighligtCurrentObject();
+    FinishRedraw();
+}
+
+void TevBasicViewer::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Control) m_ctrlPressed = false;
+}
+
+void TevBasicViewer::contextMenuEvent(QContextMenuEvent*) {}
+
+bool TevBasicViewer::event(QEvent* event)
+{
+    if (event->type() == QEvent::Close) {
+        if (m_viewerType != VIEW_TYPE_MESH) {
+            QMessageBox::information(nullptr, tr("Notify"), tr("Main viewer can't be closed"), QMessageBox::Ok);
+            event->ignore();
+            return true;
+        }
+        const int answer = QMessageBox::information(nullptr, tr("Notify"), tr("Current Mesh Data would be lost, Confirm?"),
+                                                    QMessageBox::Yes | QMessageBox::No);
+        if (answer == QMessageBox::No) {
+            event->ignore();
+            return true;
+        }
+        return QVTKWidget::event(event);
+    }
+    // Tab cycles the selection: Qt would otherwise spend it on moving the focus.
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+        keyPressEvent(static_cast<QKeyEvent*>(event));
+        return true;
+    }
+    return QVTKWidget::event(event);
+}
+
+void TevBasicViewer::SetCurrentOperationMode(MOUSE_OP_MODE mode)
+{
+    m_mouseOpMode = mode;
+    switch (mode) {
+    case MOUSE_OP_SELECT: ActiveSelectionMode(); break;
+    case MOUSE_OP_ROTATE: ActiveRotateMode(); break;
+    case MOUSE_OP_ZOOM: ActiveZoomMode(); break;
+    default: break;
+    }
+}
+
+// Pan has no style of its own by design: the interactor keeps the style it had.
+void TevBasicViewer::ActivePanMode() {}
+
+void TevBasicViewer::ActiveRotateMode()
+{
+    GetInteractor()->SetInteractorStyle(vtkSmartPointer<vtkInteractorStyleTrackballCamera>::New());
+}
+
+void TevBasicViewer::ActiveSelectionMode()
+{
+    GetInteractor()->SetInteractorStyle(vtkSmartPointer<vtkInteractorStyleRubberBand3D>::New());
+}
+
+void TevBasicViewer::ActiveZoomMode()
+{
+    GetInteractor()->SetInteractorStyle(vtkSmartPointer<vtkInteractorStyleRubberBandZoom>::New());
+}
+
+void TevBasicViewer::ShowSnapPicture(double* const point)
+{
+    auto reader = vtkSmartPointer<vtkJPEGReader>::New();
+    reader->SetFileName("d:/QQ.JPG");
+    reader->Update();
+    m_snapImageActor->GetMapper()->SetInputData(reader->GetOutput());
+    m_snapImageActor->SetOpacity(0.6);
+    m_snapImageActor->SetPosition(point);
+    m_snapImageActor->SetPickable(0);
+    m_renderer->AddActor(m_snapImageActor);
+    update();
+}
+
+// ---- Redraw entries -------------------------------------------------------------------------
+
+void TevBasicViewer::UpdateViewer()
+{
+    FinishRedraw();
+}
+
+void TevBasicViewer::RefreshViewer()
+{
+    RemoveAllViewShapes();
+    FinishRedraw();
+}
+
+void TevBasicViewer::UpdateRefreshViewer()
+{
+    RemoveAllViewShapes();
+    FinishRedraw();
+}
+
+void TevBasicViewer::RemoveAllViewShapes()
+{
+    m_pickerByShape.clear();
+    for (auto& entry : m_actorByShape) m_renderer->RemoveActor(entry.second);
+    m_actorByShape.clear();
+    RemoveHighLihgt();
+}
+
+void TevBasicViewer::RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor)
+{
+    m_renderer->RemoveActor(actor);
+}
+
+void TevBasicViewer::RenderSnapPoint(sSnapResult* result)
+{
+    if (!m_renderer) return;
+    if (!result) {
+        m_renderer->RemoveActor(m_snapActor);
+        m_renderer->RemoveActor(m_snapImageActor);
+    }
+}
+
+// ---- Work plane and views -------------------------------------------------------------------
+
+void TevBasicViewer::CreateAxis()
+{
+    auto marker = vtkSmartPointer<vtkAxesActor>::New();
+    // The marker widget lives as long as the process; the viewer keeps no reference to it.
+    vtkOrientationMarkerWidget* widget = vtkOrientationMarkerWidget::New();
+    widget->SetOrientationMarker(marker);
+    widget->SetInteractor(GetInteractor());
+    widget->On();
+    widget->SetInteractive(0);
+
+    auto axes = vtkSmartPointer<vtkAxesActor>::New();
+    axes->SetCylinderRadius(0.3);
+    axes->SetCylinderResolution(3);
+    axes->SetConeRadius(0.1);
+    axes->SetTotalLength(100.0, 100.0, 100.0);
+    axes->SetPickable(0);
+    axes->AxisLabelsOff();
+    axes->GetXAxisShaftProperty()->SetLineWidth(3.0);
+    axes->GetYAxisShaftProperty()->SetLineWidth(3.0);
+    axes->GetZAxisShaftProperty()->SetLineWidth(3.0);
+    m_renderer->AddActor(axes);
+}
+
+void TevBasicViewer::CreatePlaneGrid()
+{
+    m_planeXY = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1));
+    m_planeXZ = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(0, 1, 0));
+    m_planeYZ = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(1, 0, 0));
+    m_currentPlane = m_planeXY;
+}
+
+void TevBasicViewer::EnableXYPlane()
+{
+    m_currentPlane = m_planeXY;
+    update();
+}
+
+void TevBasicViewer::EnableXZPlane()
+{
+    m_currentPlane = m_planeXZ;
+    update();
+}
+
+void TevBasicViewer::EnableYZPlane()
+{
+    m_currentPlane = m_planeYZ;
+    update();
+}
+
+// Resets the camera of the window's first renderer, then places it at focal point + offset * d.
+void TevBasicViewer::ResetViewCamera(const double offset[3], double upX, double upY, double upZ)
+{
+    vtkRenderer* renderer = GetRenderWindow()->GetRenderers()->GetFirstRenderer();
+    if (!renderer) return;
+    renderer->ResetCamera();
+    vtkCamera* camera = renderer->GetActiveCamera();
+    const double* f = camera->GetFocalPoint();
+    const double d = camera->GetDistance();
+    camera->SetPosition(f[0] + offset[0] * d, f[1] + offset[1] * d, f[2] + offset[2] * d);
+    camera->SetViewUp(upX, upY, upZ);
+}
+
+void TevBasicViewer::SetXY()
+{
+    vtkRenderer* renderer = GetRenderWindow()->GetRenderers()->GetFirstRenderer();
+    if (renderer) renderer->GetActiveCamera()->SetParallelProjection(1);
+    const double offset[3] = {0, 0, 1};
+    ResetViewCamera(offset, 0, 1, 0);
+}
+
+void TevBasicViewer::SetYX()
+{
+    const double offset[3] = {0, 0, -1};
+    ResetViewCamera(offset, 1, 0, 0);
+}
+
+void TevBasicViewer::SetXZ()
+{
+    const double offset[3] = {0, -1, 0};
+    ResetViewCamera(offset, 0, 0, 1);
+}
+
+void TevBasicViewer::SetZX()
+{
+    const double offset[3] = {0, 1, 0};
+    ResetViewCamera(offset, 1, 0, 0);
+}
+
+void TevBasicViewer::SetYZ()
+{
+    const double offset[3] = {1, 0, 0};
+    ResetViewCamera(offset, 0, 0, 1);
+}
+
+void TevBasicViewer::SetZY()
+{
+    const double offset[3] = {-1, 0, 0};
+    ResetViewCamera(offset, 0, 1, 0);
+}
+
+void TevBasicViewer::SetISO()
+{
+    // Half of d on each axis: the camera is not at distance d from the focal point.
+    const double offset[3] = {0.5, 0.5, 0.5};
+    ResetViewCamera(offset, 0, 0, 1);
+}
+
+// ---- Selection, menu and Booleans: filled in with the selection and menu code ---------------
+
+void TevBasicViewer::InitHightActor() {}
+void TevBasicViewer::OnLButtonDownRectPicker(QMouseEvent*) {}
+void TevBasicViewer::OnLButtonDownMultiPicker(QMouseEvent*) {}
+void TevBasicViewer::ProcessHighLightedObj() {}
+void TevBasicViewer::HighligtCurrentObject() {}
+void TevBasicViewer::RemoveHighLihgt() {}
+void TevBasicViewer::CreateRightMenu() {}
+void TevBasicViewer::UpdateSelectionLevel() {}
+void TevBasicViewer::m_Slot_SetSelectionBody() {}
+void TevBasicViewer::m_Slot_SetSelectionFace() {}
+void TevBasicViewer::m_Slot_SetSelectionEdge() {}
+void TevBasicViewer::m_Slot_DisplayByWireFrame() {}
+void TevBasicViewer::m_Slot_DisplayBySurface() {}
+void TevBasicViewer::m_Slot_DisplayByPoint() {}
+void TevBasicViewer::m_Slot_SetFaceAsWorkPlane() {}
+void TevBasicViewer::SelectionUpdate(QString) {}
+void TevBasicViewer::m_slot_ContextMenu(QPoint) {}
+void TevBasicViewer::m_Slot_BoolSubtract() {}
+void TevBasicViewer::m_Slot_BoolIntersect() {}
+void TevBasicViewer::m_Slot_BoolUnite() {}
+
+void TevBasicViewer::m_Slot_OKCurrentOp()
+{
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
+    mgr->EndOp(mgr->GetCurrentOp(), this);
+    RenderSnapPoint(nullptr);
+}

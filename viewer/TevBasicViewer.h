@@ -1,0 +1,220 @@
+// TevBasicViewer: the interactive 3D modelling view.
+//
+// A QVTKWidget with one renderer that shows the document's B-rep shapes through the IVtk
+// bridge, the grid and axes of the work plane, the snap ring and the rubber bands of the
+// running drawing operation. The widget's mouse handlers only translate: a release becomes a
+// world point on the near clipping plane, handed to DrawOpMgr, followed by the selection pick.
+// The host creates the widget, calls InitViewer() once, connects the four signals, starts
+// operations through DrawOpMgr and reads the selection from SelectionMgr.
+#ifndef TEVBASICVIEWER_H
+#define TEVBASICVIEWER_H
+
+#include "QVTKWidget.h"
+
+#include <Geom_Plane.hxx>
+#include <QPoint>
+#include <QString>
+#include <Standard_Handle.hxx>
+#include <TopoDS_Shape.hxx>
+#include <TopoDS_TShape.hxx>
+#include <gp_Pnt.hxx>
+#include <vtkSmartPointer.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+class GeoGridDrawer;
+class IVtkOCC_Shape;
+class IVtkTools_ShapePicker;
+class QAction;
+class QMenu;
+class QMouseEvent;
+class vtkActor;
+class vtkImageActor;
+class vtkObject;
+class vtkRenderer;
+class vtkTextActor;
+struct sSnapResult;
+struct vis_Model;
+
+enum MOUSE_OP_MODE {
+    MOUSE_OP_SELECT = 0,  // left drag draws a rubber band, selection active
+    MOUSE_OP_ROTATE = 1,  // trackball camera
+    MOUSE_OP_PAN = 2,     // stored only: the interactor style stays as it was
+    MOUSE_OP_ZOOM = 3     // rubber-band zoom
+};
+
+enum VIEW_TYPE {
+    VIEW_TYPE_MAIN = 0,  // the main geometry viewer; it refuses to close
+    VIEW_TYPE_MESH = 1   // a mesh viewer; closing asks for confirmation
+};
+
+// Orders TShape handles by address: the key ignores location and orientation.
+struct TevTShapeLess {
+    bool operator()(const opencascade::handle<TopoDS_TShape>& a,
+                    const opencascade::handle<TopoDS_TShape>& b) const
+    {
+        return a.get() < b.get();
+    }
+};
+
+class TevBasicViewer : public QVTKWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TevBasicViewer(std::string name = "TevPlatform");
+    ~TevBasicViewer() override;
+
+    // Builds menu, highlight and snap actors, renderer, then axes and grid (except in a bare
+    // mesh view named "CAE-TevViewer"), the XY view and the rubber-band style. Called once.
+    void InitViewer();
+
+    void SetViewerType(VIEW_TYPE type) { m_viewerType = type; }
+    VIEW_TYPE GetViewerType() { return m_viewerType; }
+    vtkSmartPointer<vtkRenderer> GetDefaultRender() { return m_renderer; }
+    GeoGridDrawer* GetGrid() { return m_grid; }
+    void SetCurrentFEMModel(vis_Model* model) { m_femModel = model; }
+    vis_Model* GetFEMModel() { return m_femModel; }
+    // Stores the mode, then installs its interactor style; MOUSE_OP_PAN only stores.
+    void SetCurrentOperationMode(MOUSE_OP_MODE mode);
+    MOUSE_OP_MODE GetCurrentOperationMode() const { return m_mouseOpMode; }
+    const std::string& GetName() const { return m_name; }
+
+    // Interactor event positions (VTK display pixels) at the last press and release.
+    const int* GetPressPos() const { return m_pressPos; }
+    const int* GetReleasePos() const { return m_releasePos; }
+    // Whether the last press and release make a rubber band: both coordinates moved, in
+    // MOUSE_OP_SELECT. Otherwise a release is a point pick.
+    bool IsRectRelease() const;
+
+    // Redraw entries.
+    void UpdateViewer();
+    void RefreshViewer();
+    void UpdateRefreshViewer();
+    void RemoveAllViewShapes();
+    void RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor);
+
+    // The snap ring at a snap hit; null takes the ring (and the debugging image) away.
+    void RenderSnapPoint(sSnapResult* result);
+
+    // Work plane and standard views.
+    void EnableXYPlane();
+    void EnableXZPlane();
+    void EnableYZPlane();
+    opencascade::handle<Geom_Plane> GetCurrentPlane() { return m_currentPlane; }
+    std::vector<gp_Pnt> GetCurrentPlanePoints() const { return m_currentPlanePoints; }
+    void SetXY();
+    void SetXZ();
+    void SetYZ();
+    void SetZY();
+    void SetZX();
+    void SetYX();
+    void SetISO();
+
+    // Selection display.
+    void ProcessHighLightedObj();
+    void HighligtCurrentObject();
+    void RemoveHighLihgt();
+
+signals:
+    void m_signal_Menu(QPoint pos);
+    void m_signal_StatusBar(QString text);
+    void m_signal_SelChange(QString text);
+    void m_signal_ViewerUpdated();
+
+public slots:
+    void m_Slot_SetSelectionBody();
+    void m_Slot_SetSelectionFace();
+    void m_Slot_SetSelectionEdge();
+    void m_Slot_DisplayByWireFrame();
+    void m_Slot_DisplayBySurface();
+    void m_Slot_DisplayByPoint();
+    void m_Slot_SetFaceAsWorkPlane();
+    void SelectionUpdate(QString name);
+    void m_slot_ContextMenu(QPoint pos);
+    void m_Slot_BoolSubtract();
+    void m_Slot_BoolIntersect();
+    void m_Slot_BoolUnite();
+    void m_Slot_OKCurrentOp();
+
+private slots:
+    void CreateRightMenu();
+    void CreateAxis();
+    void CreatePlaneGrid();
+    void InitMainRender();
+    void UpdateSelectionLevel();
+
+protected:
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+    bool IsCtrlPressed() { return m_ctrlPressed; }
+    void ActivePanMode();
+    void ActiveRotateMode();
+    void ActiveSelectionMode();
+    void ActiveZoomMode();
+    // Debugging aid without a caller: shows the image "d:/QQ.JPG" at `point`.
+    void ShowSnapPicture(double* const point);
+
+private:
+    void InitHightActor();
+    void InitSnapRender();
+    // The common first step of a mouse event: the world point on the near clipping plane under
+    // the event's position. The bottom row of the widget is display row 1, not 0.
+    void EventToWorld(QMouseEvent* event, double world[3]);
+    int FlippedY(QMouseEvent* event) const;
+    // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
+    void FinishRedraw();
+    void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
+    void OnLButtonDownRectPicker(QMouseEvent* event);
+    void OnLButtonDownMultiPicker(QMouseEvent* event);
+
+    VIEW_TYPE m_viewerType;
+    vtkSmartPointer<IVtkTools_ShapePicker> m_picker;
+    vtkSmartPointer<vtkRenderer> m_renderer;
+    vtkSmartPointer<vtkObject> m_reservedObject;  // never assigned; kept for the class layout
+    vtkActor* m_hoverActor;
+    vtkSmartPointer<vtkActor> m_snapActor;
+    std::vector<vtkSmartPointer<vtkActor>> m_shapeActors;
+    QMenu* m_menu;
+    bool m_ctrlPressed;
+    vtkSmartPointer<vtkTextActor> m_textActor;
+    std::vector<vtkSmartPointer<vtkActor>> m_reservedActors;  // stays empty
+    std::map<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>> m_pickerByShape;
+    std::map<IVtkOCC_Shape*, vtkSmartPointer<vtkActor>> m_actorByShape;
+    std::map<opencascade::handle<TopoDS_TShape>, vtkSmartPointer<vtkActor>, TevTShapeLess> m_actorByTShape;
+    std::map<QString, IVtkOCC_Shape*> m_shapeByName;
+    int m_pressPos[2];
+    int m_releasePos[2];
+    vtkSmartPointer<vtkActor> m_reservedActor;  // never assigned; kept for the class layout
+    std::vector<vtkSmartPointer<vtkActor>> m_selActors;
+    std::vector<vtkSmartPointer<vtkActor>> m_reservedSelActors;  // stays empty
+    int m_selectLevel;
+    GeoGridDrawer* m_grid;
+    MOUSE_OP_MODE m_mouseOpMode;
+    vtkSmartPointer<vtkImageActor> m_snapImageActor;
+    int m_currentSelIndex;
+    vtkSmartPointer<vtkActor> m_currentSelActor;
+    vtkSmartPointer<vtkActor> m_gridActorXY;
+    vtkSmartPointer<vtkActor> m_gridActorXZ;
+    vtkSmartPointer<vtkActor> m_gridActorYZ;
+    opencascade::handle<Geom_Plane> m_planeXY;
+    opencascade::handle<Geom_Plane> m_planeXZ;
+    opencascade::handle<Geom_Plane> m_planeYZ;
+    opencascade::handle<Geom_Plane> m_currentPlane;
+    opencascade::handle<Geom_Plane> m_facePlane;
+    std::vector<gp_Pnt> m_currentPlanePoints;
+    std::vector<TopoDS_Shape> m_allShapes;
+    std::string m_name;
+    vis_Model* m_femModel;
+};
+
+#endif
