@@ -37,6 +37,7 @@ struct Alloc {
     long calls = 0;
     long failAt = 0;
     bool failAll = false;
+    size_t failAbove = 0;  // when non-zero, requests of more bytes fail
 };
 
 inline Alloc& AllocState()
@@ -53,14 +54,27 @@ inline bool ShouldFail()
     return a.calls == a.failAt || (a.failAll && a.calls > a.failAt);
 }
 
+inline bool TooLarge(size_t n)
+{
+    return AllocState().failAbove != 0 && n > AllocState().failAbove;
+}
+
 inline void* FailingMalloc(size_t n)
 {
-    return ShouldFail() ? nullptr : std::malloc(n);
+    return (ShouldFail() || TooLarge(n)) ? nullptr : std::malloc(n);
 }
 
 inline void* FailingRealloc(void* p, size_t n)
 {
-    return ShouldFail() ? nullptr : std::realloc(p, n);
+    return (ShouldFail() || TooLarge(n)) ? nullptr : std::realloc(p, n);
+}
+
+// Makes every request of more than `bytes` bytes fail, smaller ones succeed.
+inline void FailAllocationsAbove(size_t bytes)
+{
+    AllocState() = Alloc{};
+    AllocState().failAbove = bytes;
+    vsy_SetMemoryFunctions(FailingMalloc, FailingRealloc, nullptr);
 }
 
 // Makes allocation call number `nth` from now fail (and every later one with `all`).
