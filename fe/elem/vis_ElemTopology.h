@@ -43,7 +43,9 @@
  * node order of the element that vis_ElemFaceTopo returns for the face.
  *
  * A mask removes the interior nodes of the masked edges from the list; everything that follows
- * closes up. All functions work on the unmasked form and then renumber.
+ * closes up. All functions work on the unmasked form and then renumber. Each masked edge loses
+ * its own interior nodes: i - 2 in a uniform element, its direction's count less 2 in a Lagrange
+ * element of unequal counts, none on an edge that runs straight to an apex.
  *
  * Tuples that describe no element give no nodes: a shape outside -1 to 9, a negative maxi, a
  * node count along a direction other than 2 to VIS_ELEM_MAXSIDE (maxi 1, for one), a wedge or
