@@ -15,5 +15,7 @@ tev_build() {
 tev_xvfb() {
   export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
   chmod 700 "$XDG_RUNTIME_DIR" 2>/dev/null || true
-  xvfb-run -a -s "-screen 0 1280x1024x24" "$@"
+  # -noreset: the server would otherwise reset whenever its last client leaves, and refuse the
+  # connections of the next test process while it does.
+  xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$@"
 }
