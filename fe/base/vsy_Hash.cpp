@@ -1,4 +1,4 @@
-/* vsy_Hash: hashing, table sizing and key sorting shared by the open-addressing containers. */
+/* vsy_Hash: hashing, table sizing and name sorting shared by the open-addressing containers. */
 #include "vsy_Hash.h"
 
 int vsy_NextCapacity(int size)
@@ -92,20 +92,6 @@ int vsy_Hash_NameCompare(const char* a, const char* b, int nocase)
             }                                                              \
         }                                                                  \
     } while (0)
-
-void vsy_Hash_SortKeys(int n, int* keys, int* companion)
-{
-#define KEY_LESS(i, j) (keys[i] < keys[j])
-#define KEY_SWAP(i, j)                                                     \
-    do {                                                                   \
-        int tk = keys[i], tc = companion[i];                               \
-        keys[i] = keys[j], companion[i] = companion[j];                    \
-        keys[j] = tk, companion[j] = tc;                                   \
-    } while (0)
-    VSY_HASH_HEAPSORT(n, KEY_LESS, KEY_SWAP);
-#undef KEY_LESS
-#undef KEY_SWAP
-}
 
 static const char* vsy_Hash_SlotName(const void* slots, int stride, int slot)
 {

@@ -1,4 +1,4 @@
-/* vsy_Hash: hashing, table sizing and key sorting shared by the open-addressing containers.
+/* vsy_Hash: hashing, table sizing and name sorting shared by the open-addressing containers.
  *
  * Integer tables (vsy_HashTable, vsy_IntHash) use a multiplicative hash and linear probing with
  * step 1 over an odd number of slots, growing by one half (vsy_NextCapacity). String tables
@@ -32,8 +32,6 @@ int vsy_Hash_NameStep(int h);
  * (ASCII) before it is compared. */
 int vsy_Hash_NameCompare(const char* a, const char* b, int nocase);
 
-/* Sorts keys[0..n-1] ascending with heapsort and moves companion[i] with keys[i]. */
-void vsy_Hash_SortKeys(int n, int* keys, int* companion);
 /* Sorts the slot numbers idx[0..n-1] so that their names ascend by vsy_Hash_NameCompare. A slot
  * is `stride` bytes of `slots` and begins with its name pointer; no name may be null. */
 void vsy_Hash_SortNames(int n, int* idx, const void* slots, int stride, int nocase);

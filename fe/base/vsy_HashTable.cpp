@@ -9,6 +9,7 @@
 
 #include "vsy_Error.h"
 #include "vsy_Hash.h"
+#include "vsy_Sort.h"
 
 #include <cstdint>
 #include <cstring>
@@ -282,7 +283,7 @@ void vsy_HashTableInitIterOrder(vsy_HashTable* tab)
         ++m;
     }
     tab->nsorted = m;
-    vsy_Hash_SortKeys(m, tab->sortkey, tab->sortslot);
+    vsy_HeapSortIntInt(m, tab->sortkey, tab->sortslot);
 }
 
 /* Next live slot of a sorted iteration, or -1 at its end. A key that moved by growth is looked
