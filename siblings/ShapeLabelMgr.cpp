@@ -1,5 +1,6 @@
 #include "ShapeLabelMgr.h"
 
+#include "BaseShapeParaCreator.h"
 #include "ShapeDocMgr.h"
 
 #include <TCollection_ExtendedString.hxx>
@@ -44,6 +45,8 @@ TDF_Label ShapeLabelMgr::AddShapeToDoc(const opencascade::handle<TDocStd_Documen
     TDF_Label label = tool->AddShape(shape, Standard_False, Standard_False);
     const QString name = QString("%1_%2").arg(prefix).arg(label.Tag());
     TDataStd_Name::Set(label, TCollection_ExtendedString(name.toUtf8().constData(), Standard_True));
+    // Every shape of the document carries the common attributes, made in the same change.
+    BaseShapeParaCreator::InitCommonAttribute(label);
     return label;
 }
 

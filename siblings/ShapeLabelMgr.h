@@ -21,10 +21,12 @@ public:
     // the order in which they were added: stable across calls and refreshes.
     std::vector<TopoDS_Shape> GetAllShapes();
 
-    // Registers a shape that no creator made, named after its type ("Edge_7").
+    // Registers a shape that no creator made, named after its type ("Edge_7"), with the default
+    // common attributes of BaseShapeParaCreator.
     void AddNewShapeToDoc(opencascade::handle<TDocStd_Document> doc, TopoDS_Shape shape);
     // Registers `shape` under a label of its own in `doc` and names it `<prefix>_<tag>`, the tag
-    // of the new label, which keeps names unique within a document. Returns the label, or a
+    // of the new label, which keeps names unique within a document, and gives it the default
+    // common attributes. Returns the label, or a
     // null label for a null shape or document.
     TDF_Label AddShapeToDoc(const opencascade::handle<TDocStd_Document>& doc, const TopoDS_Shape& shape,
                             const QString& prefix);
