@@ -3,5 +3,7 @@
 #define VIS_ELEM_H
 
 #include "vis_ElemTopology.h"
+#include "vis_ElemShape.h"
+#include "vis_ElemGeom.h"
 
 #endif
