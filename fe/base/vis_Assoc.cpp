@@ -301,10 +301,8 @@ void vis_Assoc_Realloc(vis_Assoc* assoc, int newcap, int* ierr)
         vsy_ErrorNumber("vis_Assoc_Realloc", SYS_ERROR_MEMORY);
         return;
     }
-    int oldcap = assoc->cap;
     assoc->cap = cap;
     for (int i = assoc->maxind + 1; i <= cap; ++i) vis_Assoc_Put(assoc, i, 0);
-    (void)oldcap;
     if (assoc->head && !vis_Assoc_GrowHead(assoc)) {
         *ierr = SYS_ERROR_MEMORY;
         assoc->ierr = SYS_ERROR_MEMORY;
