@@ -19,6 +19,8 @@ void Ui_DataInputDlg::setupUi(QDialog* DataInputDlg)
     font.setFamily(QString::fromUtf8("\xe5\xbe\xae\xe8\xbd\xaf\xe9\x9b\x85\xe9\xbb\x91"));
     DataInputDlg->setFont(font);
     DataInputDlg->setSizeGripEnabled(false);
+    // Set last, as the form lists it: in Qt this clears the window modality set above again,
+    // so the dialog is modal only while exec() runs it.
     DataInputDlg->setModal(false);
 
     buttonBox = new QDialogButtonBox(DataInputDlg);
