@@ -235,6 +235,9 @@ TEST(DataInputDlg, TabGoesFromHeightToTheButtons)
     QWidget* focusAfterTab = nullptr;
     QWidget* focusAtStart = nullptr;
     RunModal(dlg, [&](QDialog& d) {
+        // Keyboard focus needs the active window; with no window manager it may come late.
+        d.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&d, 5000));
         focusAtStart = QApplication::focusWidget();
         QTest::keyClick(Edit(d, "lineEdit"), Qt::Key_Tab);
         focusAfterTab = QApplication::focusWidget();
