@@ -1,6 +1,7 @@
 #include "DrawOpCommon.h"
 
 #include "DrawerOutput.h"
+#include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
 #include <QObject>
@@ -137,4 +138,12 @@ void DrawOpCommon::DrawTempCircle(TevBasicViewer* viewer, double center[3], doub
     m_TempActor2->GetProperty()->SetLineWidth(1.0);
     renderer->AddActor(m_TempActor2);
     viewer->UpdateViewer();
+}
+
+void DrawOpCommon::CreateInTransaction(TevBasicViewer* viewer, const std::function<void()>& create)
+{
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    create();
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    viewer->RefreshViewer();
 }

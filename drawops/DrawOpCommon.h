@@ -14,6 +14,7 @@
 #include <vtkActor.h>
 #include <vtkSmartPointer.h>
 
+#include <functional>
 #include <vector>
 
 class DrawOpCommon : public IDrawOp
@@ -54,6 +55,9 @@ protected:
     void DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3]);
     // Rubber-band triangle in m_TempActor; nothing is shown when p1 and p2 coincide.
     void DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3]);
+    // The creation bracket of a last step: one transaction around `create` (a creator call on a
+    // local creator object), then the rebuild of the viewer's picture, which shows the new shape.
+    static void CreateInTransaction(TevBasicViewer* viewer, const std::function<void()>& create);
 
     bool m_bFinished;
     vtkSmartPointer<vtkActor> m_TempActor;   // line, rectangle or triangle

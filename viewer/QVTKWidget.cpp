@@ -105,3 +105,11 @@ void QVTKWidget::keyReleaseEvent(QKeyEvent* event)
 {
     ForwardToInteractor(event);
 }
+
+void QVTKWidget::update()
+{
+    // Rendering makes the adapter schedule the repaint that shows the new frame. Before the
+    // widget has its OpenGL context the window is not ready and nothing is drawn.
+    if (vtkRenderWindow* window = renderWindow()) window->Render();
+    QWidget::update();
+}

@@ -34,6 +34,12 @@ public:
     // The interactor of the current render window.
     vtkRenderWindowInteractor* GetInteractor();
 
+    // Redraws the scene. VTK 9's widget repaints only the last rendered frame on a plain
+    // QWidget::update(); this one renders the scene first, so that every change made before it
+    // shows, as callers of update() expect. The other overloads are QWidget's.
+    using QWidget::update;
+    void update();
+
 protected:
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,6 +1,7 @@
 #include "TevBasicViewer.h"
 
 #include "DrawOpMgr.h"
+#include "SelectionMgr.h"
 
 #include <IVtkTools_ShapePicker.hxx>
 #include <QCloseEvent>
@@ -202,6 +203,7 @@ void TevBasicViewer::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape) {
         DrawOpMgr* mgr = DrawOpMgr::GetInstance();
         if (!mgr->GetCurrentOp()) {
+            SelectionMgr::GetInstance()->ClearSelList();
             ProcessHighLightedObj();
             emit m_signal_SelChange("");
         }
@@ -282,47 +284,6 @@ void TevBasicViewer::ShowSnapPicture(double* const point)
     m_snapImageActor->SetPickable(0);
     m_renderer->AddActor(m_snapImageActor);
     update();
-}
-
-// ---- Redraw entries -------------------------------------------------------------------------
-
-void TevBasicViewer::UpdateViewer()
-{
-    FinishRedraw();
-}
-
-void TevBasicViewer::RefreshViewer()
-{
-    RemoveAllViewShapes();
-    FinishRedraw();
-}
-
-void TevBasicViewer::UpdateRefreshViewer()
-{
-    RemoveAllViewShapes();
-    FinishRedraw();
-}
-
-void TevBasicViewer::RemoveAllViewShapes()
-{
-    m_pickerByShape.clear();
-    for (auto& entry : m_actorByShape) m_renderer->RemoveActor(entry.second);
-    m_actorByShape.clear();
-    RemoveHighLihgt();
-}
-
-void TevBasicViewer::RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor)
-{
-    m_renderer->RemoveActor(actor);
-}
-
-void TevBasicViewer::RenderSnapPoint(sSnapResult* result)
-{
-    if (!m_renderer) return;
-    if (!result) {
-        m_renderer->RemoveActor(m_snapActor);
-        m_renderer->RemoveActor(m_snapImageActor);
-    }
 }
 
 // ---- Work plane and views -------------------------------------------------------------------
@@ -434,24 +395,10 @@ void TevBasicViewer::SetISO()
     ResetViewCamera(offset, 0, 0, 1);
 }
 
-// ---- Selection, menu and Booleans: filled in with the selection and menu code ---------------
+// ---- Menu, work plane from a face and Booleans: filled in with the menu code ----------------
 
-void TevBasicViewer::InitHightActor() {}
-void TevBasicViewer::OnLButtonDownRectPicker(QMouseEvent*) {}
-void TevBasicViewer::OnLButtonDownMultiPicker(QMouseEvent*) {}
-void TevBasicViewer::ProcessHighLightedObj() {}
-void TevBasicViewer::HighligtCurrentObject() {}
-void TevBasicViewer::RemoveHighLihgt() {}
 void TevBasicViewer::CreateRightMenu() {}
-void TevBasicViewer::UpdateSelectionLevel() {}
-void TevBasicViewer::m_Slot_SetSelectionBody() {}
-void TevBasicViewer::m_Slot_SetSelectionFace() {}
-void TevBasicViewer::m_Slot_SetSelectionEdge() {}
-void TevBasicViewer::m_Slot_DisplayByWireFrame() {}
-void TevBasicViewer::m_Slot_DisplayBySurface() {}
-void TevBasicViewer::m_Slot_DisplayByPoint() {}
 void TevBasicViewer::m_Slot_SetFaceAsWorkPlane() {}
-void TevBasicViewer::SelectionUpdate(QString) {}
 void TevBasicViewer::m_slot_ContextMenu(QPoint) {}
 void TevBasicViewer::m_Slot_BoolSubtract() {}
 void TevBasicViewer::m_Slot_BoolIntersect() {}
@@ -462,4 +409,15 @@ void TevBasicViewer::m_Slot_OKCurrentOp()
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
     mgr->EndOp(mgr->GetCurrentOp(), this);
     RenderSnapPoint(nullptr);
+}
+
+// The snap ring at a snap hit arrives with the point picker; null takes the ring and the
+// debugging image away.
+void TevBasicViewer::RenderSnapPoint(sSnapResult* result)
+{
+    if (!m_renderer) return;
+    if (!result) {
+        m_renderer->RemoveActor(m_snapActor);
+        m_renderer->RemoveActor(m_snapImageActor);
+    }
 }

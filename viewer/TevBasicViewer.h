@@ -21,6 +21,7 @@
 #include <vtkSmartPointer.h>
 
 #include <map>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -89,12 +90,36 @@ public:
     // MOUSE_OP_SELECT. Otherwise a release is a point pick.
     bool IsRectRelease() const;
 
-    // Redraw entries.
+    // Redraw entries. RefreshViewer rebuilds every shape's actor and picker from the document
+    // and keeps the selection; UpdateRefreshViewer does the same and clears the selection;
+    // UpdateViewer only redraws.
     void UpdateViewer();
     void RefreshViewer();
     void UpdateRefreshViewer();
     void RemoveAllViewShapes();
     void RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor);
+
+    // Per-shape display, looked up by the shape's TShape. These change the actor only: the next
+    // rebuild takes colour, opacity and visibility from the shape's label again.
+    void SetShapeColor(TopoDS_Shape* shape, gp_Pnt& rgb);
+    void SetShapeOpacity(TopoDS_Shape* shape, double opacity);
+    double GetShapeOpacity(TopoDS_Shape* shape);
+    void SetShapeVisibility(TopoDS_Shape* shape, bool visible);
+    bool GetShapeVisiblity(TopoDS_Shape* shape);
+
+    // Read-only views of the picture, for hosts and tests.
+    const std::vector<vtkSmartPointer<vtkActor>>& GetShapeActors() const { return m_shapeActors; }
+    const std::map<IVtkOCC_Shape*, vtkSmartPointer<vtkActor>>& GetActorByShape() const { return m_actorByShape; }
+    const std::map<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>& GetPickerByShape() const
+    {
+        return m_pickerByShape;
+    }
+    const std::map<QString, IVtkOCC_Shape*>& GetShapeByName() const { return m_shapeByName; }
+    size_t GetActorByTShapeCount() const { return m_actorByTShape.size(); }
+    const std::vector<vtkSmartPointer<vtkActor>>& GetSelectionActors() const { return m_selActors; }
+    vtkSmartPointer<vtkActor> GetCurrentSelActor() const { return m_currentSelActor; }
+    int GetSelectLevel() const { return m_selectLevel; }
+    int GetCurrentSelIndex() const { return m_currentSelIndex; }
 
     // The snap ring at a snap hit; null takes the ring (and the debugging image) away.
     void RenderSnapPoint(sSnapResult* result);
@@ -113,10 +138,10 @@ public:
     void SetYX();
     void SetISO();
 
-    // Selection display.
+    // Selection display: one translucent copy of each selected shape over the model.
     void ProcessHighLightedObj();
-    void HighligtCurrentObject();
-    void RemoveHighLihgt();
+    // Tab: moves the cursor to the next selected shape and doubles its highlight; also redraws.
+    void SelectionUpdate();
 
 signals:
     void m_signal_Menu(QPoint pos);
@@ -164,8 +189,40 @@ protected:
     // Debugging aid without a caller: shows the image "d:/QQ.JPG" at `point`.
     void ShowSnapPicture(double* const point);
 
-private:
+    // Picks at the left release. The point pick takes every shape under the cursor, the
+    // rectangle pick every shape (or sub-shape) fully inside the band; without Ctrl the
+    // selection is cleared first.
+    void OnLButtonDown(QMouseEvent* event);
+    void OnLButtonDownMultiPicker(QMouseEvent* event);
+    void OnLButtonDownRectPicker(QMouseEvent* event);
+    void ProcessHighLight();
+    void RemoveHighLihgt();
     void InitHightActor();
+    void InitAllHightActor(vtkSmartPointer<vtkActor> actor);
+
+private:
+    void HighligtFirstObject();
+    void HighligtCurrentObject();
+    void RemoveSelActor();
+    // Adds a highlight of `shape` to the renderer through a new actor prepared by the caller.
+    void ShowHighlight(vtkActor* actor, const TopoDS_Shape* shape);
+    // Applies one selection level to every picker: (mode, on) pairs in order.
+    void ApplySelectionModes(const std::vector<std::pair<int, bool>>& modes);
+    void CheckLevelAction(QAction* checked);
+
+    void AddShape(TopoDS_Shape* shape);
+    void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker);
+    void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<vtkActor> actor);
+    void AddShapeMap(IVtkOCC_Shape* occ, QString name);
+    void AddShapeMap(TopoDS_Shape* shape, vtkSmartPointer<vtkActor> actor);
+    void RemoveShape(IVtkOCC_Shape* occ);
+    void RemoveShape(const TopoDS_Shape* shape);
+    vtkSmartPointer<vtkActor> ActorOf(TopoDS_Shape* shape);
+    // Shapes of earlier builds stay alive while the selection or the name map still points
+    // into them, so that reading either after a rebuild never touches freed memory.
+    void RetireShapes();
+    void PruneRetiredShapes();
+
     void InitSnapRender();
     // The common first step of a mouse event: the world point on the near clipping plane under
     // the event's position. The bottom row of the widget is display row 1, not 0.
@@ -174,8 +231,6 @@ private:
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
-    void OnLButtonDownRectPicker(QMouseEvent* event);
-    void OnLButtonDownMultiPicker(QMouseEvent* event);
 
     VIEW_TYPE m_viewerType;
     vtkSmartPointer<IVtkTools_ShapePicker> m_picker;
@@ -185,6 +240,19 @@ private:
     vtkSmartPointer<vtkActor> m_snapActor;
     std::vector<vtkSmartPointer<vtkActor>> m_shapeActors;
     QMenu* m_menu;
+    QAction* m_actionConfirm = nullptr;
+    QAction* m_actionWorkPlane = nullptr;
+    QAction* m_actionWireframe = nullptr;
+    QAction* m_actionSurface = nullptr;
+    QAction* m_actionPoint = nullptr;
+    QAction* m_actionSelectEdge = nullptr;
+    QAction* m_actionSelectFace = nullptr;
+    QAction* m_actionSelectBody = nullptr;
+    QAction* m_actionMaterial = nullptr;
+    QAction* m_actionMeshSize = nullptr;
+    QAction* m_actionUnite = nullptr;
+    QAction* m_actionSubtract = nullptr;
+    QAction* m_actionIntersect = nullptr;
     bool m_ctrlPressed;
     vtkSmartPointer<vtkTextActor> m_textActor;
     std::vector<vtkSmartPointer<vtkActor>> m_reservedActors;  // stays empty
@@ -215,6 +283,7 @@ private:
     std::vector<TopoDS_Shape> m_allShapes;
     std::string m_name;
     vis_Model* m_femModel;
+    std::vector<opencascade::handle<IVtkOCC_Shape>> m_retiredShapes;
 };
 
 #endif

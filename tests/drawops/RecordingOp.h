@@ -48,6 +48,7 @@ public:
     void ShowLine(TevBasicViewer* v, double* a, double* b) { DrawTempLine(v, a, b); }
     void ShowCircle(TevBasicViewer* v, double* c, double* r) { DrawTempCircle(v, c, r); }
     void ShowTriangle(TevBasicViewer* v, double* a, double* b, double* c) { DrawTempTriangle(v, a, b, c); }
+    using DrawOpCommon::CreateInTransaction;
 
 private:
     bool Record(const char* name, int type, const double* point);

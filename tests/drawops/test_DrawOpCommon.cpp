@@ -1,10 +1,14 @@
 // The shared operation base: rubber-band actors, their removal, the default entries and the
 // prompt path.
+#include "BoxShapeParaCreator.h"
 #include "DrawerOutput.h"
+#include "ShapeDocMgr.h"
+#include "ShapeLabelMgr.h"
 #include "GuiTestSupport.h"
 #include "RecordingOp.h"
 #include "ViewerFixture.h"
 
+#include <QSignalSpy>
 #include <vtkArcSource.h>
 #include <vtkDataSet.h>
 #include <vtkMapper.h>
@@ -171,6 +175,25 @@ TEST_F(DrawOpCommonTest, MoveExactlyOnTheFirstPointShowsNoRubberBand)
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
     EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor()));
     EXPECT_EQ(DrawOpMgr::GetInstance()->GetCurrentOp(), nullptr);
+}
+
+TEST_F(DrawOpCommonTest, CreationBracketIsOneUndoStepAndRefreshesThePicture)
+{
+    ShapeDocMgr* doc = ShapeDocMgr::GetInstance();
+    doc->NewDocument();
+    viewer->RefreshViewer();
+    QSignalSpy updated(viewer.get(), &TevBasicViewer::m_signal_ViewerUpdated);
+    RecordingOp::CreateInTransaction(viewer.get(), [] {
+        BoxShapeParaCreator().CreateBox(gp_Ax2(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1)), 10, 20, 30);
+        BoxShapeParaCreator().CreateBox(gp_Ax2(gp_Pnt(50, 0, 0), gp_Dir(0, 0, 1)), 1, 2, 3);
+    });
+    EXPECT_FALSE(doc->HasOpenTransaction());
+    EXPECT_EQ(ShapeLabelMgr::GetInstance()->GetAllShapes().size(), 2u);
+    EXPECT_EQ(viewer->GetActorByShape().size(), 2u);
+    EXPECT_EQ(updated.count(), 1);
+    EXPECT_EQ(doc->GetAvailableUndos(), 1);
+    ASSERT_TRUE(doc->Undo());
+    EXPECT_TRUE(ShapeLabelMgr::GetInstance()->GetAllShapes().empty());
 }
 
 TEST_F(DrawOpCommonTest, PromptGoesOutAtLevelZero)

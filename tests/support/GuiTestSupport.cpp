@@ -37,7 +37,7 @@ void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen)
 
 QImage GrabRendered(QWidget* widget)
 {
-    widget->update();
+    // Only what the widget has drawn by itself: pending repaints are let through, nothing more.
     QTest::qWait(50);
     if (auto* gl = qobject_cast<QOpenGLWidget*>(widget)) return gl->grabFramebuffer();
     return widget->grab().toImage();

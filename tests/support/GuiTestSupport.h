@@ -29,7 +29,8 @@ struct BoxSeen {
 // its title and text into `seen`. Call before the code that opens the box.
 void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen);
 
-// Renders the widget and returns its framebuffer as an image (device pixels, top row first).
+// Lets pending repaints through and returns the widget's framebuffer as an image (device
+// pixels, top row first).
 QImage GrabRendered(QWidget* widget);
 
 }  // namespace tevtest

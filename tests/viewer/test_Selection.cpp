@@ -1,0 +1,380 @@
+// Selection on a shown viewer with boxes made by the real creator: point picks at each level,
+// Ctrl, overlapping solids, the Tab cursor, the rubber band and the highlight actors.
+#include "BoxShapeParaCreator.h"
+#include "GuiTestSupport.h"
+#include "SelectionMgr.h"
+#include "ShapeDocMgr.h"
+#include "ShapeLabelMgr.h"
+#include "ViewerFixture.h"
+#include "ViewerPixels.h"
+
+#include <BRepAdaptor_Surface.hxx>
+#include <BRep_Tool.hxx>
+#include <BRepBndLib.hxx>
+#include <Bnd_Box.hxx>
+#include <IVtkOCC_Shape.hxx>
+#include <IVtkTools_ShapePicker.hxx>
+#include <QSignalSpy>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <TopExp.hxx>
+#include <TopoDS.hxx>
+#include <vtkCamera.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
+
+#include <string>
+
+using tevtest::ViewerTest;
+using tevtest::WorldToWidget;
+
+namespace {
+
+class SelectionTest : public ViewerTest
+{
+protected:
+    void SetUp() override
+    {
+        ViewerTest::SetUp();
+        ShapeDocMgr::GetInstance()->NewDocument();
+        SelectionMgr::GetInstance()->ClearSelList();
+    }
+    void TearDown() override
+    {
+        SelectionMgr::GetInstance()->ClearSelList();
+        ViewerTest::TearDown();
+    }
+
+    // A box from (x, y, z) with sides dx, dy, dz, made through the creator in a transaction.
+    static void Box(double x, double y, double z, double dx, double dy, double dz)
+    {
+        ShapeDocMgr::GetInstance()->StartTransaction();
+        BoxShapeParaCreator().CreateBox(gp_Ax2(gp_Pnt(x, y, z), gp_Dir(0, 0, 1)), dx, dy, dz);
+        ShapeDocMgr::GetInstance()->EndTransaction();
+    }
+
+    // Shows the document and frames it in the XY view.
+    void Show()
+    {
+        viewer->RefreshViewer();
+        viewer->SetXY();
+        viewer->UpdateViewer();
+        QTest::qWait(30);
+    }
+
+    void Click(const gp_Pnt& p, Qt::KeyboardModifiers mods = Qt::NoModifier)
+    {
+        QTest::mouseClick(viewer.get(), Qt::LeftButton, mods, WorldToWidget(viewer.get(), p));
+    }
+
+    void HoldCtrl(bool down)
+    {
+        QTest::simulateEvent(viewer.get(), down, Qt::Key_Control, down ? Qt::NoModifier : Qt::ControlModifier,
+                             QString(), false);
+    }
+
+    std::vector<const TopoDS_Shape*>& Sel() { return SelectionMgr::GetInstance()->GetshapeList(); }
+
+    std::vector<TopoDS_Shape> All() { return ShapeLabelMgr::GetInstance()->GetAllShapes(); }
+
+    bool Holds(const TopoDS_Shape& shape)
+    {
+        for (const TopoDS_Shape* s : Sel())
+            if (s->IsSame(shape)) return true;
+        return false;
+    }
+
+    bool RenderedHas(vtkActor* a) { return a && viewer->GetDefaultRender()->HasViewProp(a); }
+};
+
+TEST_F(SelectionTest, ClickOnABoxAtBodyLevelSelectsThatShape)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    QSignalSpy sel(viewer.get(), &TevBasicViewer::m_signal_SelChange);
+    QSignalSpy status(viewer.get(), &TevBasicViewer::m_signal_StatusBar);
+    Click(gp_Pnt(35, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    EXPECT_TRUE(Sel()[0]->IsSame(All()[1]));
+    EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_SOLID);
+    EXPECT_EQ(sel.count(), 2);  // the clear, then the added shape
+    ASSERT_GE(status.count(), 1);
+    EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 1 个对象"));
+    ASSERT_EQ(viewer->GetSelectionActors().size(), 1u);
+    vtkActor* hl = viewer->GetSelectionActors()[0];
+    EXPECT_TRUE(RenderedHas(hl));
+    EXPECT_DOUBLE_EQ(hl->GetProperty()->GetOpacity(), 0.5);
+    EXPECT_DOUBLE_EQ(hl->GetProperty()->GetColor()[2], 0.4);
+    EXPECT_FALSE(hl->GetPickable());
+}
+
+TEST_F(SelectionTest, FaceLevelTakesTheFaceUnderTheCursor)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    viewer->m_Slot_SetSelectionFace();
+    EXPECT_EQ(viewer->GetSelectLevel(), 2);
+    Click(gp_Pnt(3, 7, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    ASSERT_EQ(Sel()[0]->ShapeType(), TopAbs_FACE);
+    // Seen from +Z the face under the cursor is the top face z = 10, and it spans the point.
+    BRepAdaptor_Surface surf(TopoDS::Face(*Sel()[0]));
+    ASSERT_EQ(surf.GetType(), GeomAbs_Plane);
+    EXPECT_NEAR(surf.Plane().Location().Z(), 10.0, 1e-9);
+    EXPECT_NEAR(std::abs(surf.Plane().Axis().Direction().Z()), 1.0, 1e-9);
+    Bnd_Box box;
+    BRepBndLib::Add(*Sel()[0], box);
+    EXPECT_FALSE(box.IsOut(gp_Pnt(3, 7, 10)));
+}
+
+TEST_F(SelectionTest, EdgeLevelTakesAnEdge)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    viewer->m_Slot_SetSelectionEdge();
+    EXPECT_EQ(viewer->GetSelectLevel(), 1);
+    Click(gp_Pnt(5, 10, 10));  // on the top edge y = 10
+    ASSERT_GE(Sel().size(), 1u);
+    for (const TopoDS_Shape* s : Sel()) {
+        ASSERT_EQ(s->ShapeType(), TopAbs_EDGE);
+        // An edge along y = 10: both its vertices lie there.
+        TopoDS_Vertex v0, v1;
+        TopExp::Vertices(TopoDS::Edge(*s), v0, v1);
+        EXPECT_NEAR(BRep_Tool::Pnt(v0).Y(), 10.0, 1e-9);
+        EXPECT_NEAR(BRep_Tool::Pnt(v1).Y(), 10.0, 1e-9);
+    }
+}
+
+TEST_F(SelectionTest, EmptySpaceClearsWithoutCtrlAndChangesNothingWithIt)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    ASSERT_EQ(viewer->GetSelectionActors().size(), 1u);
+    vtkActor* hl = viewer->GetSelectionActors()[0];
+    HoldCtrl(true);
+    Click(gp_Pnt(20, 30, 10));
+    EXPECT_EQ(Sel().size(), 1u);
+    HoldCtrl(false);
+    QSignalSpy status(viewer.get(), &TevBasicViewer::m_signal_StatusBar);
+    QTest::mouseClick(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    EXPECT_TRUE(Sel().empty());
+    EXPECT_FALSE(RenderedHas(hl));
+    // An emptied list leaves the status line as it was.
+    EXPECT_EQ(status.count(), 0);
+}
+
+TEST_F(SelectionTest, CtrlAddsAndASecondClickDoesNotRemove)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    HoldCtrl(true);
+    Click(gp_Pnt(35, 5, 10));
+    Click(gp_Pnt(5, 5, 10));
+    HoldCtrl(false);
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_TRUE(Sel()[0]->IsSame(All()[0]));
+    EXPECT_TRUE(Sel()[1]->IsSame(All()[1]));
+    // The second display of two shapes: the highlight vector grows until RemoveHighLihgt.
+    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u + 2u + 2u);
+}
+
+TEST_F(SelectionTest, TwoOverlappingSolidsUnderOneClickAreBothSelectedAndTabCycles)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(5, 5, -5, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(7, 7, 10));
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 0);
+    QTest::keyClick(viewer.get(), Qt::Key_Tab);
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+    vtkActor* first = viewer->GetCurrentSelActor();
+    EXPECT_TRUE(RenderedHas(first));
+    QTest::keyClick(viewer.get(), Qt::Key_Tab);
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 2);
+    EXPECT_FALSE(RenderedHas(first));
+    EXPECT_TRUE(RenderedHas(viewer->GetCurrentSelActor()));
+    QTest::keyClick(viewer.get(), Qt::Key_Tab);
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+}
+
+TEST_F(SelectionTest, TabWithAnEmptyListOnlyRemovesTheCursorActor)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    QTest::keyClick(viewer.get(), Qt::Key_Tab);
+    vtkActor* cursor = viewer->GetCurrentSelActor();
+    ASSERT_TRUE(RenderedHas(cursor));
+    SelectionMgr::GetInstance()->ClearSelList();
+    QTest::keyClick(viewer.get(), Qt::Key_Tab);
+    EXPECT_FALSE(RenderedHas(cursor));
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+    EXPECT_EQ(viewer->GetCurrentSelActor(), cursor);
+}
+
+TEST_F(SelectionTest, RubberBandAroundTwoOfThreeSelectsExactlyThose)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(20, 0, 0, 10, 10, 10);
+    Box(40, 0, 0, 10, 10, 10);
+    Show();
+    // From below right of the second to above left of the first: corners in any order.
+    const QPoint a = WorldToWidget(viewer.get(), gp_Pnt(33, -3, 10));
+    const QPoint b = WorldToWidget(viewer.get(), gp_Pnt(-3, 13, 10));
+    QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, a);
+    tevtest::MouseMove(viewer.get(), b, Qt::LeftButton);
+    QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, b);
+    ASSERT_TRUE(viewer->IsRectRelease());
+    // Pickers are visited in the order of their map's keys, so the two come in either order.
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_TRUE(Holds(All()[0]));
+    EXPECT_TRUE(Holds(All()[1]));
+    EXPECT_FALSE(Holds(All()[2]));
+    // With Ctrl a band adds the third.
+    HoldCtrl(true);
+    const QPoint c = WorldToWidget(viewer.get(), gp_Pnt(37, -3, 10));
+    const QPoint d = WorldToWidget(viewer.get(), gp_Pnt(53, 13, 10));
+    QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::ControlModifier, c);
+    QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::ControlModifier, d);
+    HoldCtrl(false);
+    ASSERT_EQ(Sel().size(), 3u);
+    EXPECT_TRUE(Holds(All()[2]));
+}
+
+TEST_F(SelectionTest, AStraightDragIsAPointPickAtTheRelease)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    // A horizontal band over both boxes would be a rectangle; a straight drag picks the point
+    // under the release only.
+    const QPoint from = WorldToWidget(viewer.get(), gp_Pnt(-5, 5, 10));
+    const QPoint to = WorldToWidget(viewer.get(), gp_Pnt(35, 5, 10));
+    ASSERT_EQ(from.y(), to.y());
+    QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, from);
+    tevtest::MouseMove(viewer.get(), to, Qt::LeftButton);
+    QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, to);
+    EXPECT_FALSE(viewer->IsRectRelease());
+    ASSERT_EQ(Sel().size(), 1u);
+    EXPECT_TRUE(Sel()[0]->IsSame(All()[1]));
+    // The same drag with a vertical component is a band, which holds neither box whole.
+    const QPoint below(to.x(), to.y() + 3);
+    QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, from);
+    QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, below);
+    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_TRUE(Sel().empty());
+}
+
+TEST_F(SelectionTest, LevelSlotsSetThePickerModesAndARebuildTurnsAllThreeOnAgain)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    auto modesOf = [this]() {
+        const auto& entry = *viewer->GetPickerByShape().begin();
+        IVtk_SelectionModeList list = entry.second->GetSelectionModes(opencascade::handle<IVtk_IShape>(entry.first));
+        std::vector<int> modes(list.begin(), list.end());
+        std::sort(modes.begin(), modes.end());
+        return modes;
+    };
+    EXPECT_EQ(viewer->GetSelectLevel(), 4);
+    EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge, SM_Face, SM_Solid}));
+    viewer->m_Slot_SetSelectionEdge();
+    EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge}));
+    viewer->m_Slot_SetSelectionFace();
+    EXPECT_EQ(modesOf(), (std::vector<int>{SM_Face}));
+    viewer->m_Slot_SetSelectionBody();
+    EXPECT_EQ(modesOf(), (std::vector<int>{SM_Shape}));
+    viewer->m_Slot_SetSelectionEdge();
+    viewer->RefreshViewer();
+    EXPECT_EQ(viewer->GetSelectLevel(), 1);
+    EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge, SM_Face, SM_Solid}));
+}
+
+TEST_F(SelectionTest, HiddenShapesAreNotPicked)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    TopoDS_Shape box = All()[0];
+    viewer->SetShapeVisibility(&box, false);
+    Click(gp_Pnt(5, 5, 10));
+    EXPECT_TRUE(Sel().empty());
+}
+
+TEST_F(SelectionTest, SelectionByNameAddsWithoutClearing)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    TopoDS_Shape second = All()[1];
+    QSignalSpy sel(viewer.get(), &TevBasicViewer::m_signal_SelChange);
+    viewer->SelectionUpdate(ShapeLabelMgr::GetInstance()->GetShapeName(&second));
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_TRUE(Sel()[1]->IsSame(second));
+    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+    EXPECT_EQ(sel.count(), 1);
+    viewer->SelectionUpdate(QString("no such name"));
+    EXPECT_EQ(Sel().size(), 2u);
+}
+
+TEST_F(SelectionTest, SelectionSurvivesRefreshAndIsClearedByUpdateRefresh)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    viewer->RefreshViewer();
+    ASSERT_EQ(Sel().size(), 1u);
+    // The entry points into the previous picture, which is still alive.
+    EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_SOLID);
+    viewer->ProcessHighLightedObj();
+    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u);
+    viewer->UpdateRefreshViewer();
+    EXPECT_TRUE(Sel().empty());
+}
+
+TEST_F(SelectionTest, EscapeWithoutOperationClearsTheSelectionAndHighlights)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    vtkActor* hl = viewer->GetSelectionActors().at(0);
+    QTest::keyClick(viewer.get(), Qt::Key_Escape);
+    EXPECT_TRUE(Sel().empty());
+    EXPECT_FALSE(RenderedHas(hl));
+}
+
+TEST(SelectionMgrList, OneEntryPerTShapeAndTheRemovalSkip)
+{
+    SelectionMgr* mgr = SelectionMgr::GetInstance();
+    mgr->ClearSelList();
+    TopoDS_Shape a = BRepPrimAPI_MakeBox(1, 1, 1).Shape();
+    TopoDS_Shape moved = a.Moved(TopLoc_Location(gp_Trsf()));
+    TopoDS_Shape reversed = a.Reversed();
+    TopoDS_Shape b = BRepPrimAPI_MakeBox(2, 2, 2).Shape();
+    mgr->AddToSelectionList(&a);
+    mgr->AddToSelectionList(&moved);
+    mgr->AddToSelectionList(&reversed);
+    mgr->AddToSelectionList(&b);
+    ASSERT_EQ(mgr->GetshapeList().size(), 2u);
+    // Removal compares pointers and skips the entry that moves into the gap.
+    mgr->GetshapeList() = {&a, &a, &b};
+    mgr->RemoveFromeSelectionList(&a);
+    ASSERT_EQ(mgr->GetshapeList().size(), 2u);
+    EXPECT_EQ(mgr->GetshapeList()[0], &a);
+    EXPECT_EQ(mgr->GetshapeList()[1], &b);
+    mgr->RemoveFromeSelectionList(&moved);  // same TShape, other pointer: stays
+    EXPECT_EQ(mgr->GetshapeList().size(), 2u);
+    const size_t capacity = mgr->GetshapeList().capacity();
+    mgr->ClearSelList();
+    EXPECT_TRUE(mgr->GetshapeList().empty());
+    EXPECT_EQ(mgr->GetshapeList().capacity(), capacity);
+}
+
+}  // namespace
