@@ -1,6 +1,7 @@
 #include "TevBasicViewer.h"
 
 #include "DrawOpMgr.h"
+#include "BrepSnapMgr.h"
 #include "SelectionMgr.h"
 
 #include <IVtkTools_ShapePicker.hxx>
@@ -9,8 +10,8 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <vtkActor.h>
-#include <vtkAxesActor.h>
-#include <vtkCamera.h>
+#include <vtkArcSource.h>
+#include <vtkPolyDataMapper.h>
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkImageActor.h>
 #include <vtkImageData.h>
@@ -19,11 +20,9 @@
 #include <vtkInteractorStyleRubberBandZoom.h>
 #include <vtkInteractorStyleTrackballCamera.h>
 #include <vtkJPEGReader.h>
-#include <vtkOrientationMarkerWidget.h>
 #include <vtkProperty.h>
 #include <vtkRenderWindowInteractor.h>
 #include <vtkRenderer.h>
-#include <vtkRendererCollection.h>
 #include <vtkTextActor.h>
 #include <vtkTextProperty.h>
 
@@ -286,119 +285,9 @@ void TevBasicViewer::ShowSnapPicture(double* const point)
     update();
 }
 
-// ---- Work plane and views -------------------------------------------------------------------
-
-void TevBasicViewer::CreateAxis()
-{
-    auto marker = vtkSmartPointer<vtkAxesActor>::New();
-    // The marker widget lives as long as the process; the viewer keeps no reference to it.
-    vtkOrientationMarkerWidget* widget = vtkOrientationMarkerWidget::New();
-    widget->SetOrientationMarker(marker);
-    widget->SetInteractor(GetInteractor());
-    widget->On();
-    widget->SetInteractive(0);
-
-    auto axes = vtkSmartPointer<vtkAxesActor>::New();
-    axes->SetCylinderRadius(0.3);
-    axes->SetCylinderResolution(3);
-    axes->SetConeRadius(0.1);
-    axes->SetTotalLength(100.0, 100.0, 100.0);
-    axes->SetPickable(0);
-    axes->AxisLabelsOff();
-    axes->GetXAxisShaftProperty()->SetLineWidth(3.0);
-    axes->GetYAxisShaftProperty()->SetLineWidth(3.0);
-    axes->GetZAxisShaftProperty()->SetLineWidth(3.0);
-    m_renderer->AddActor(axes);
-}
-
-void TevBasicViewer::CreatePlaneGrid()
-{
-    m_planeXY = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1));
-    m_planeXZ = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(0, 1, 0));
-    m_planeYZ = new Geom_Plane(gp_Pnt(0, 0, 0), gp_Dir(1, 0, 0));
-    m_currentPlane = m_planeXY;
-}
-
-void TevBasicViewer::EnableXYPlane()
-{
-    m_currentPlane = m_planeXY;
-    update();
-}
-
-void TevBasicViewer::EnableXZPlane()
-{
-    m_currentPlane = m_planeXZ;
-    update();
-}
-
-void TevBasicViewer::EnableYZPlane()
-{
-    m_currentPlane = m_planeYZ;
-    update();
-}
-
-// Resets the camera of the window's first renderer, then places it at focal point + offset * d.
-void TevBasicViewer::ResetViewCamera(const double offset[3], double upX, double upY, double upZ)
-{
-    vtkRenderer* renderer = GetRenderWindow()->GetRenderers()->GetFirstRenderer();
-    if (!renderer) return;
-    renderer->ResetCamera();
-    vtkCamera* camera = renderer->GetActiveCamera();
-    const double* f = camera->GetFocalPoint();
-    const double d = camera->GetDistance();
-    camera->SetPosition(f[0] + offset[0] * d, f[1] + offset[1] * d, f[2] + offset[2] * d);
-    camera->SetViewUp(upX, upY, upZ);
-}
-
-void TevBasicViewer::SetXY()
-{
-    vtkRenderer* renderer = GetRenderWindow()->GetRenderers()->GetFirstRenderer();
-    if (renderer) renderer->GetActiveCamera()->SetParallelProjection(1);
-    const double offset[3] = {0, 0, 1};
-    ResetViewCamera(offset, 0, 1, 0);
-}
-
-void TevBasicViewer::SetYX()
-{
-    const double offset[3] = {0, 0, -1};
-    ResetViewCamera(offset, 1, 0, 0);
-}
-
-void TevBasicViewer::SetXZ()
-{
-    const double offset[3] = {0, -1, 0};
-    ResetViewCamera(offset, 0, 0, 1);
-}
-
-void TevBasicViewer::SetZX()
-{
-    const double offset[3] = {0, 1, 0};
-    ResetViewCamera(offset, 1, 0, 0);
-}
-
-void TevBasicViewer::SetYZ()
-{
-    const double offset[3] = {1, 0, 0};
-    ResetViewCamera(offset, 0, 0, 1);
-}
-
-void TevBasicViewer::SetZY()
-{
-    const double offset[3] = {-1, 0, 0};
-    ResetViewCamera(offset, 0, 1, 0);
-}
-
-void TevBasicViewer::SetISO()
-{
-    // Half of d on each axis: the camera is not at distance d from the focal point.
-    const double offset[3] = {0.5, 0.5, 0.5};
-    ResetViewCamera(offset, 0, 0, 1);
-}
-
-// ---- Menu, work plane from a face and Booleans: filled in with the menu code ----------------
+// ---- Menu and Booleans: filled in with the menu code ---------------------------------------
 
 void TevBasicViewer::CreateRightMenu() {}
-void TevBasicViewer::m_Slot_SetFaceAsWorkPlane() {}
 void TevBasicViewer::m_slot_ContextMenu(QPoint) {}
 void TevBasicViewer::m_Slot_BoolSubtract() {}
 void TevBasicViewer::m_Slot_BoolIntersect() {}
@@ -411,13 +300,28 @@ void TevBasicViewer::m_Slot_OKCurrentOp()
     RenderSnapPoint(nullptr);
 }
 
-// The snap ring at a snap hit arrives with the point picker; null takes the ring and the
-// debugging image away.
+// The snap ring: a circle of fixed world radius |(3, 3, 0)| around the hit, in the arc
+// source's default plane whatever the view. Null takes the ring and the debugging image away.
 void TevBasicViewer::RenderSnapPoint(sSnapResult* result)
 {
     if (!m_renderer) return;
     if (!result) {
         m_renderer->RemoveActor(m_snapActor);
         m_renderer->RemoveActor(m_snapImageActor);
+        update();
+        return;
     }
+    auto ring = vtkSmartPointer<vtkArcSource>::New();
+    ring->SetResolution(64);
+    ring->SetUseNormalAndAngle(true);
+    ring->SetCenter(result->point.X(), result->point.Y(), result->point.Z());
+    ring->SetPolarVector(3.0, 3.0, 0.0);
+    ring->SetAngle(360.0);
+    ring->SetNegative(true);
+    auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+    mapper->SetInputConnection(ring->GetOutputPort());
+    m_snapActor->SetMapper(mapper);
+    // The renderer holds an actor once, however often it is added.
+    m_renderer->AddActor(m_snapActor);
+    update();
 }

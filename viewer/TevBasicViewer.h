@@ -231,6 +231,7 @@ private:
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
+    void EnablePlane(const opencascade::handle<Geom_Plane>& plane, vtkActor* shown, const std::vector<gp_Pnt>& points);
 
     VIEW_TYPE m_viewerType;
     vtkSmartPointer<IVtkTools_ShapePicker> m_picker;

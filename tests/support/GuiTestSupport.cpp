@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <memory>
+
 namespace tevtest {
 
 void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons, Qt::KeyboardModifiers mods)
@@ -31,6 +33,27 @@ void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen)
         QAbstractButton* b = box->button(button);
         if (b) b->click();
         else box->reject();
+    });
+    timer->start();
+}
+
+void AnswerMessageBoxes(int count, QMessageBox::StandardButton button, std::vector<BoxSeen>* seen)
+{
+    auto* timer = new QTimer();
+    timer->setInterval(20);
+    auto remaining = std::make_shared<int>(count);
+    QObject::connect(timer, &QTimer::timeout, [timer, button, seen, remaining]() {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible()) return;
+        seen->push_back(BoxSeen{true, box->windowTitle(), box->text()});
+        QAbstractButton* b = box->button(button);
+        if (!b) b = box->buttons().isEmpty() ? nullptr : box->buttons().first();
+        if (b) b->click();
+        else box->reject();
+        if (--*remaining == 0) {
+            timer->stop();
+            timer->deleteLater();
+        }
     });
     timer->start();
 }

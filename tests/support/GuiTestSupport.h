@@ -10,6 +10,17 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
+
+#include <ostream>
+
+// Lets GoogleTest print QStrings in failure messages.
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os)
+{
+    *os << '"' << s.toStdString() << '"';
+}
+QT_END_NAMESPACE
 
 namespace tevtest {
 
@@ -28,6 +39,10 @@ struct BoxSeen {
 // Arms a timer that answers the next application-modal QMessageBox with `button` and records
 // its title and text into `seen`. Call before the code that opens the box.
 void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen);
+
+// Arms a timer that answers the next `count` message boxes, in the order they appear, each with
+// `button`, and appends what each showed to `seen`. Call before the code that opens them.
+void AnswerMessageBoxes(int count, QMessageBox::StandardButton button, std::vector<BoxSeen>* seen);
 
 // Lets pending repaints through and returns the widget's framebuffer as an image (device
 // pixels, top row first).
