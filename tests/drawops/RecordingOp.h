@@ -38,7 +38,7 @@ public:
 
     std::vector<Call> calls;
     std::vector<std::string>* sharedLog = nullptr;  // "tag:name" lines shared by several ops
-    RecordingOp* childToStart = nullptr;            // started by InitAction
+    IDrawOp* childToStart = nullptr;                // started by InitAction
     bool finishOnInit = false;                      // m_bFinished set by InitAction
     bool finishOnChild = false;                     // m_bFinished set by ChildActionFinished
     bool rubberBand = false;                        // first click fixes a point, moves draw a line
