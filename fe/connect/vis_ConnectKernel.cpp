@@ -734,6 +734,16 @@ static int vis_Connect_Entity(vis_Connect* c, const char* name, int enttype, int
     return 1;
 }
 
+/* Face corners of the solids, in the face table's order: in serendipity forms (low half of
+ * maxj 0, maxk 0) the corners lead the list, so these are positions too. */
+static const signed char vis_Connect_FaceTab[4][6][5] = {
+    /* tet */ {{3, 0, 2, 1}, {3, 0, 1, 3}, {3, 0, 3, 2}, {3, 1, 2, 3}, {0}, {0}},
+    /* pyr */ {{4, 0, 3, 2, 1}, {3, 0, 1, 4}, {3, 1, 2, 4}, {3, 2, 3, 4}, {3, 3, 0, 4}, {0}},
+    /* wed */ {{3, 0, 2, 1}, {3, 3, 4, 5}, {4, 0, 1, 4, 3}, {4, 0, 3, 5, 2}, {4, 1, 2, 5, 4}, {0}},
+    /* hex */ {{4, 0, 3, 2, 1}, {4, 4, 5, 6, 7}, {4, 0, 1, 5, 4}, {4, 3, 7, 6, 2}, {4, 0, 4, 7, 3}, {4, 1, 2, 6, 5}},
+};
+static const signed char vis_Connect_NumFace[4] = {4, 5, 5, 6};
+
 /* Position buffer big enough for any entity of element id (whole lists of polygons and
  * polyhedra included): elnoix2 of the scratch. */
 static int* vis_Connect_PosBuffer(vis_Connect* c)
@@ -886,6 +896,22 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
         vis_Connect_KRange(name, "id= %d", id);
         return;
     }
+    int shape = vis_Connect_Shape(c, id);
+    if (enttype == SYS_FACE && c->mode == 0 && shape >= SYS_SHAPE_TET && shape <= SYS_SHAPE_HEX &&
+        (c->maxj[id] & 0xFFFF) == 0 && c->maxk[id] == 0) {
+        /* Quick path of the serendipity solids: corners from the face table, straight from the
+         * chunk. */
+        if (no < 1 || no > vis_Connect_NumFace[shape - SYS_SHAPE_TET]) {
+            vis_Connect_KRange(name, "no= %d", no);
+            return;
+        }
+        const signed char* f = vis_Connect_FaceTab[shape - SYS_SHAPE_TET][no - 1];
+        const int* list = c->elnode[(id - 1) >> VIS_CONNECT_ELEMSHIFT] + c->elnodeix[id];
+        int corners[4];
+        for (int k = 0; k < f[0]; ++k) corners[k] = list[f[k + 1]];
+        vis_Connect_FaceElems(c, id, f[0] == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD, f[0], corners, num, elems);
+        return;
+    }
     int* pos = vis_Connect_PosBuffer(c);
     int n;
     if (!pos || !vis_Connect_Entity(c, name, enttype, id, no, 1, &n, pos) || n == 0) return;
@@ -904,8 +930,10 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
     } else if (enttype == SYS_EDGE) {
         vis_Connect_EdgeElems(c, id, corners, num, elems);
     } else {
-        int fs, fi, fj;
-        vis_ConnectElemTopo(c, SYS_FACE, id, no, &fs, &fi, &fj);
+        /* Only the polygon form of the face steers the match. */
+        int fs = (shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) ? SYS_SHAPE_POLYGON
+                 : n == 3                                                     ? SYS_SHAPE_TRI
+                                                                              : SYS_SHAPE_QUAD;
         vis_Connect_FaceElems(c, id, fs, n, corners, num, elems);
     }
 }

@@ -1,0 +1,262 @@
+// Connectivity benchmark: structured hexahedral meshes of 10^4, 10^5 and 10^6 elements.
+//
+// For vis_Connect: time and peak memory to define the mesh (nodes, topology, node lists), to
+// run the kernel, and to query the face neighbours of every element (six vis_ConnectElemAdj
+// calls each). For VTK, on the identical vtkUnstructuredGrid: building the grid, its static
+// cell links (vtkStaticCellLinks), face neighbours from those links, and the outer surface (vtkGeometryFilter, then vtkDataSetSurfaceFilter).
+//
+// Each size and each library runs in a child process of its own, so that peaks do not mix.
+// Peak memory of a phase: the growth of VmHWM during the phase, after resetting the peak to
+// the current resident size (/proc/self/clear_refs, "5"). Run: bench_connect [max elements].
+#include "vis_Connect.h"
+#include "vis_ConnectKernel.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#ifdef TEV_BENCH_VTK
+#include <vtkCellArray.h>
+#include <vtkDataSetSurfaceFilter.h>
+#include <vtkGeometryFilter.h>
+#include <vtkIdList.h>
+#include <vtkIdTypeArray.h>
+#include <vtkNew.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+#include <vtkSMPTools.h>
+#include <vtkStaticCellLinks.h>
+#include <vtkUnstructuredGrid.h>
+#endif
+
+namespace {
+
+long StatusKb(const char* key)
+{
+    FILE* f = std::fopen("/proc/self/status", "r");
+    if (!f) return 0;
+    char line[256];
+    long v = 0;
+    size_t n = std::strlen(key);
+    while (std::fgets(line, sizeof line, f))
+        if (std::strncmp(line, key, n) == 0) v = std::atol(line + n + 1);
+    std::fclose(f);
+    return v;
+}
+
+void ResetPeak()
+{
+    FILE* f = std::fopen("/proc/self/clear_refs", "w");
+    if (f) {
+        std::fputs("5", f);
+        std::fclose(f);
+    }
+}
+
+struct Phase {
+    std::chrono::steady_clock::time_point t0;
+    long rss0;
+    void Start()
+    {
+        ResetPeak();
+        rss0 = StatusKb("VmRSS:");
+        t0 = std::chrono::steady_clock::now();
+    }
+    void Stop(const char* lib, const char* name, long nelem, long check)
+    {
+        double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
+        long peak = StatusKb("VmHWM:") - rss0;
+        long kept = StatusKb("VmRSS:") - rss0;
+        std::printf("%-4s %-28s %8ld elems %10.2f ms %9.1f ns/elem  peak %8.2f MB (%6.1f B/elem)  kept %8.2f MB\n", lib,
+                    name, nelem, ms, ms * 1e6 / nelem, peak / 1024.0, peak * 1024.0 / nelem, kept / 1024.0);
+        if (check) std::printf("     (neighbour pairs found: %ld)\n", check);
+        std::fflush(stdout);
+    }
+};
+
+struct Grid {
+    int nx, ny, nz;
+    long NumElem() const { return (long)nx * ny * nz; }
+    long NumNode() const { return (long)(nx + 1) * (ny + 1) * (nz + 1); }
+    int Node(int i, int j, int k) const { return 1 + i + (nx + 1) * (j + (ny + 1) * k); }
+    void Hex(int e, int* n) const
+    {
+        int i = e % nx, j = (e / nx) % ny, k = e / (nx * ny);
+        n[0] = Node(i, j, k);
+        n[1] = Node(i + 1, j, k);
+        n[2] = Node(i + 1, j + 1, k);
+        n[3] = Node(i, j + 1, k);
+        n[4] = Node(i, j, k + 1);
+        n[5] = Node(i + 1, j, k + 1);
+        n[6] = Node(i + 1, j + 1, k + 1);
+        n[7] = Node(i, j + 1, k + 1);
+    }
+};
+
+void RunConnect(const Grid& g)
+{
+    Phase p;
+    long ne = g.NumElem();
+    p.Start();
+    vis_Connect* c = vis_ConnectNew();
+    vis_ConnectDef(c, (int)g.NumNode(), (int)ne);
+    for (int k = 0; k <= g.nz; ++k)
+        for (int j = 0; j <= g.ny; ++j)
+            for (int i = 0; i <= g.nx; ++i) {
+                double x[3] = {(double)i, (double)j, (double)k};
+                vis_ConnectSetCoordsdv(c, g.Node(i, j, k), x);
+            }
+    int n[8];
+    for (int e = 0; e < ne; ++e) {
+        g.Hex(e, n);
+        vis_ConnectSetTopology(c, e + 1, SYS_SHAPE_HEX, 0, 0, 0);
+        vis_ConnectSetElemNode(c, e + 1, n);
+    }
+    p.Stop("vis", "define mesh", ne, 0);
+
+    p.Start();
+    vis_ConnectKernel(c);
+    p.Stop("vis", "kernel (node->elem)", ne, 0);
+    if (vis_ConnectError(c)) std::printf("kernel error\n");
+
+    p.Start();
+    long total = 0;
+    int adj[64], num;
+    for (int e = 1; e <= ne; ++e)
+        for (int f = 1; f <= 6; ++f) {
+            vis_ConnectElemAdj(c, SYS_FACE, e, f, &num, adj);
+            total += num;
+        }
+    p.Stop("vis", "face neighbours (6/elem)", ne, total);
+    long want = 2L * ((long)(g.nx - 1) * g.ny * g.nz + (long)g.nx * (g.ny - 1) * g.nz + (long)g.nx * g.ny * (g.nz - 1));
+    if (total != want) std::printf("vis  neighbour count %ld, expected %ld\n", total, want);
+    vis_ConnectDelete(c);
+}
+
+#ifdef TEV_BENCH_VTK
+void RunVtk(const Grid& g)
+{
+    Phase p;
+    long ne = g.NumElem();
+    p.Start();
+    vtkNew<vtkUnstructuredGrid> ug;
+    {
+        vtkNew<vtkPoints> pts;
+        pts->SetDataTypeToDouble();
+        pts->SetNumberOfPoints(g.NumNode());
+        for (int k = 0; k <= g.nz; ++k)
+            for (int j = 0; j <= g.ny; ++j)
+                for (int i = 0; i <= g.nx; ++i) pts->SetPoint(g.Node(i, j, k) - 1, i, j, k);
+        vtkNew<vtkIdTypeArray> offsets, conn;
+        offsets->SetNumberOfValues(ne + 1);
+        conn->SetNumberOfValues(8 * ne);
+        int n[8];
+        for (long e = 0; e < ne; ++e) {
+            g.Hex((int)e, n);
+            offsets->SetValue(e, 8 * e);
+            for (int a = 0; a < 8; ++a) conn->SetValue(8 * e + a, n[a] - 1);
+        }
+        offsets->SetValue(ne, 8 * ne);
+        vtkNew<vtkCellArray> cells;
+        cells->SetData(offsets, conn);
+        ug->SetPoints(pts);
+        ug->SetCells(VTK_HEXAHEDRON, cells);
+    }
+    p.Stop("vtk", "define vtkUnstructuredGrid", ne, 0);
+
+    p.Start();
+    vtkNew<vtkStaticCellLinks> links;
+    links->BuildLinks(ug);
+    p.Stop("vtk", "vtkStaticCellLinks", ne, 0);
+
+    // Face neighbours from the links: candidates of the first corner looked up at the others.
+    static const int faces[6][4] = {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4},
+                                    {3, 7, 6, 2}, {0, 4, 7, 3}, {1, 2, 6, 5}};
+    p.Start();
+    long total = 0;
+    for (vtkIdType e = 0; e < ne; ++e) {
+        const vtkIdType* pts;
+        vtkIdType npts;
+        ug->GetCellPoints(e, npts, pts);
+        for (int f = 0; f < 6; ++f) {
+            const vtkIdType* row[4];
+            vtkIdType len[4];
+            for (int a = 0; a < 4; ++a) {
+                vtkIdType pid = pts[faces[f][a]];
+                row[a] = links->GetCells(pid);
+                len[a] = links->GetNcells(pid);
+            }
+            // The threaded build does not promise sorted rows: look each candidate up.
+            for (vtkIdType i = 0; i < len[0]; ++i) {
+                vtkIdType c = row[0][i];
+                if (c == e) continue;
+                bool all = true;
+                for (int a = 1; a < 4 && all; ++a) {
+                    bool found = false;
+                    for (vtkIdType j = 0; j < len[a] && !found; ++j) found = row[a][j] == c;
+                    all = found;
+                }
+                if (all) ++total;
+            }
+        }
+    }
+    p.Stop("vtk", "face neighbours from links", ne, total);
+
+    p.Start();
+    {
+        vtkNew<vtkGeometryFilter> geo;
+        geo->SetInputData(ug);
+        geo->Update();
+        if (geo->GetOutput()->GetNumberOfCells() == 0) std::printf("empty surface\n");
+    }
+    p.Stop("vtk", "vtkGeometryFilter surface", ne, 0);
+    p.Start();
+    {
+        vtkNew<vtkDataSetSurfaceFilter> surf;
+        surf->SetInputData(ug);
+        surf->Update();
+        if (surf->GetOutput()->GetNumberOfCells() == 0) std::printf("empty surface\n");
+    }
+    p.Stop("vtk", "vtkDataSetSurfaceFilter", ne, 0);
+}
+#endif
+
+template <class F>
+void InChild(F f)
+{
+    std::fflush(stdout);
+    pid_t pid = fork();
+    if (pid == 0) {
+        f();
+        std::fflush(stdout);
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    long maxelem = argc > 1 ? std::atol(argv[1]) : 1000000;
+#ifdef TEV_BENCH_VTK
+    std::printf("VTK SMP backend %s, %d threads\n", vtkSMPTools::GetBackend(), vtkSMPTools::GetEstimatedNumberOfThreads());
+#else
+    std::printf("VTK not found at configure time: vis_Connect only\n");
+#endif
+    const Grid grids[3] = {{100, 100, 1}, {100, 100, 10}, {100, 100, 100}};
+    for (const Grid& g : grids) {
+        if (g.NumElem() > maxelem) break;
+        std::printf("\n%dx%dx%d hexahedra, %ld nodes\n", g.nx, g.ny, g.nz, g.NumNode());
+        InChild([&] { RunConnect(g); });
+#ifdef TEV_BENCH_VTK
+        InChild([&] { RunVtk(g); });
+#endif
+    }
+    return 0;
+}
