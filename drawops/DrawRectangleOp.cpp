@@ -1,0 +1,120 @@
+#include "DrawRectangleOp.h"
+
+#include "PickerMgr.h"
+#include "RectangleShapeParaCreator.h"
+#include "ShapeDocMgr.h"
+#include "TevBasicViewer.h"
+
+#include <vtkDataSetMapper.h>
+#include <vtkMath.h>
+#include <vtkPoints.h>
+#include <vtkProperty.h>
+#include <vtkQuad.h>
+#include <vtkRenderer.h>
+#include <vtkUnstructuredGrid.h>
+
+#include <cmath>
+
+DrawRectangleOp::DrawRectangleOp() : DrawOpCommon(false), m_bStep1(false), m_bStep2(false) {}
+
+// The snapped point of a raw world point.
+static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
+{
+    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
+}
+
+void DrawRectangleOp::InitAction(TevBasicViewer*)
+{
+    m_bStep1 = false;
+    m_bStep2 = false;
+    Prompt("Rectangle : Input first corner point:");
+}
+
+bool DrawRectangleOp::MovePoint(TevBasicViewer* viewer, const double point[3])
+{
+    const gp_Pnt picked = Pick(viewer, point);
+    if (m_bStep1 && !m_bStep2) {
+        m_Point2 = picked;
+        double a[3] = {m_Point1.X(), m_Point1.Y(), m_Point1.Z()};
+        double b[3] = {picked.X(), picked.Y(), picked.Z()};
+        DrawTempRectangle(viewer, a, b);
+    }
+    return false;
+}
+
+bool DrawRectangleOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
+{
+    const gp_Pnt picked = Pick(viewer, point);
+    if (!m_bStep1) {
+        m_Point1 = picked;
+        m_bStep1 = true;
+        Prompt("Rectangle : Input second corner point:");
+    } else if (!m_bStep2) {
+        m_Point2 = picked;
+        PerformDraw(viewer);
+        m_bStep1 = false;
+        m_bStep2 = false;
+        FinishCurrentOp(viewer);
+        Prompt("Rectangle: Done");
+        Prompt("Rectangle: Input first corner point:");
+    }
+    return false;
+}
+
+// Signed sides in world X and Y from the first corner; the z difference is dropped. The
+// transaction is opened ahead of the bracket as well; the bracket commits that empty one first.
+void DrawRectangleOp::PerformDraw(TevBasicViewer* viewer)
+{
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    const double dx = m_Point2.X() - m_Point1.X();
+    const double dy = m_Point2.Y() - m_Point1.Y();
+    CreateInTransaction(viewer, [&] { RectangleShapeParaCreator().CreateRectangle(m_Point1, dx, dy); });
+}
+
+void DrawRectangleOp::FinishCurrentOp(TevBasicViewer* viewer)
+{
+    viewer->RemoveTempRenderActor(m_TempActor);
+    viewer->RemoveTempRenderActor(m_TempActor2);
+    viewer->RenderSnapPoint(nullptr);
+    DrawOpCommon::FinishCurrentOp(viewer);
+}
+
+void DrawRectangleOp::ActionCancelled(TevBasicViewer* viewer)
+{
+    Prompt("Rectangle : Cancel");
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor);
+    renderer->RemoveActor(m_TempActor2);
+    viewer->RenderSnapPoint(nullptr);
+    DrawOpCommon::FinishCurrentOp(viewer);
+    viewer->update();
+}
+
+void DrawRectangleOp::DrawTempRectangle(TevBasicViewer* viewer, double p1[3], double p2[3])
+{
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    renderer->RemoveActor(m_TempActor);
+    // The cursor on the first corner: the old actor stays out of the renderer, nothing new.
+    if (std::sqrt(vtkMath::Distance2BetweenPoints(p1, p2)) == 0.0) return;
+
+    auto points = vtkSmartPointer<vtkPoints>::New();
+    points->InsertNextPoint(p1[0], p1[1], p1[2]);
+    points->InsertNextPoint(p2[0], p1[1], p1[2]);
+    points->InsertNextPoint(p2[0], p2[1], p1[2]);
+    points->InsertNextPoint(p1[0], p2[1], p1[2]);
+    auto quad = vtkSmartPointer<vtkQuad>::New();
+    for (int i = 0; i < 4; ++i) quad->GetPointIds()->SetId(i, i);
+    auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
+    grid->SetPoints(points);
+    grid->InsertNextCell(quad->GetCellType(), quad->GetPointIds());
+    auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
+    mapper->SetInputData(grid);
+    m_TempActor = vtkSmartPointer<vtkActor>::New();
+    m_TempActor->SetMapper(mapper);
+    m_TempActor->GetProperty()->SetOpacity(0.8);
+    m_TempActor->GetProperty()->SetRepresentationToWireframe();
+    m_TempActor->GetProperty()->SetColor(1.0, 0.2, 0.2);
+    m_TempActor->GetProperty()->SetLineWidth(3.0);
+    renderer->AddActor(m_TempActor);
+    viewer->update();
+}
