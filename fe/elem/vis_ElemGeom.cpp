@@ -169,7 +169,7 @@ void PolygonNormal(int maxi, const float* coords, float* normals)
 /* The normal at a node by the tangents, moved towards the centre where it vanishes. */
 void TangentNormal(int shape, int maxi, int maxj, const float* coords, const double* nat, double* n)
 {
-    double a1[3], a2[3], x[2] = {nat[0], nat[1]};
+    double a1[3] = {0, 0, 0}, a2[3] = {0, 0, 0}, x[2] = {nat[0], nat[1]};
     double cx = shape == SYS_SHAPE_TRI ? 1.0 / 3.0 : 0.0;
     for (int attempt = 0; attempt < 2; attempt++) {
         Tangents(shape, maxi, maxj, coords, x, a1, a2);
