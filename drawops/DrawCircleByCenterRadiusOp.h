@@ -25,8 +25,8 @@ public:
     void FinishCurrentOp(TevBasicViewer* viewer) override;
 
 private:
-    // Rubber-band segment in the dark violet of DrawArcOp's; nothing shows the radius, so it is
-    // not called.
+    // Rubber-band segment in the dark violet of DrawArcOp's. No step draws it: the circle band
+    // of the base is the only one of this operation.
     void DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3]);
     void PerformDraw(TevBasicViewer* viewer);
 

@@ -8,8 +8,8 @@
 //   s1 --          no rubber band                       takes the first axis point
 //   s1 s2          ellipse through the cursor           takes m_Point3, makes the ellipse, stays
 //
-// Of the first axis point and the cursor, the one farther from the centre line of the other one
-// is taken as the end of the major axis.
+// The first axis point ends the major axis while the cursor is nearer to the first axis than
+// that axis is long; farther away, the cursor becomes the end of the major axis.
 #ifndef DRAWELLIPSEOP_H
 #define DRAWELLIPSEOP_H
 
