@@ -1,10 +1,15 @@
 // A small host application of the viewer: a main window with the widget in the middle, its
 // status texts in the status bar and the message panel below. It does what a host is expected
-// to do: create the widget, InitViewer(), connect the four signals, open the document and
-// RefreshViewer().
+// to do: create the widget, InitViewer(), connect the four signals, open the document,
+// RefreshViewer(), and start drawing operations through DrawOpMgr.
 //
-//   tev_demo_host                     interactive
-//   tev_demo_host --screenshot FILE   renders once, saves the window as PNG and quits
+//   tev_demo_host                     interactive: draws lines until Escape
+//   tev_demo_host --screenshot FILE   draws a line, a circle and a rectangle by simulated
+//                                     clicks, saves the window as PNG and quits
+#include "DrawCircleByCenterRadiusOp.h"
+#include "DrawLineOp.h"
+#include "DrawOpMgr.h"
+#include "DrawRectangleOp.h"
 #include "DrawerOutput.h"
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
@@ -13,13 +18,18 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QSurfaceFormat>
 #include <QTextCodec>
 #include <QTimer>
 #include <QVTKOpenGLNativeWidget.h>
+#include <vtkCoordinate.h>
+#include <vtkRenderer.h>
+#include <vtkSmartPointer.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -28,6 +38,49 @@ static const char* ScreenshotPath(int argc, char** argv)
     for (int i = 1; i + 1 < argc; ++i)
         if (std::strcmp(argv[i], "--screenshot") == 0) return argv[i + 1];
     return nullptr;
+}
+
+// The widget pixel where a world point is drawn.
+static QPoint PixelOf(TevBasicViewer* viewer, double x, double y, double z)
+{
+    auto coord = vtkSmartPointer<vtkCoordinate>::New();
+    coord->SetCoordinateSystemToWorld();
+    coord->SetValue(x, y, z);
+    const double* d = coord->GetComputedDoubleDisplayValue(viewer->GetDefaultRender());
+    return QPoint(static_cast<int>(std::lround(d[0])), viewer->height() - 1 - static_cast<int>(std::lround(d[1])));
+}
+
+// What a user's hand does: move there, press and release the left button.
+static void ClickAt(TevBasicViewer* viewer, double x, double y)
+{
+    const QPoint pos = PixelOf(viewer, x, y, 0.0);
+    const QPoint global = viewer->mapToGlobal(pos);
+    QMouseEvent move(QEvent::MouseMove, pos, global, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, pos, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, pos, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(viewer, &move);
+    QApplication::sendEvent(viewer, &press);
+    QApplication::sendEvent(viewer, &release);
+}
+
+// A line, a circle and a rectangle, each by clicks on grid points of the XY plane.
+static void DrawScripted(TevBasicViewer* viewer)
+{
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
+    static DrawLineOp line;
+    mgr->StartOp(&line, viewer);
+    ClickAt(viewer, -80, -60);
+    ClickAt(viewer, 80, 60);
+    static DrawCircleByCenterRadiusOp circle;
+    mgr->StartOp(&circle, viewer);
+    ClickAt(viewer, -40, 30);
+    ClickAt(viewer, -10, 30);
+    static DrawRectangleOp rectangle;
+    mgr->StartOp(&rectangle, viewer);
+    ClickAt(viewer, 20, -70);
+    ClickAt(viewer, 70, -20);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(viewer, &escape);
 }
 
 int main(int argc, char** argv)
@@ -65,17 +118,25 @@ int main(int argc, char** argv)
     DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "Viewer ready: %d shape(s) in the document",
                                                            static_cast<int>(ShapeLabelMgr::GetInstance()->GetAllShapes().size()));
 
-    if (!shot) return app.exec();
+    if (!shot) {
+        static DrawLineOp line;
+        DrawOpMgr::GetInstance()->StartOp(&line, viewer);
+        return app.exec();
+    }
 
     int status = 0;
-    QTimer::singleShot(500, [&]() {
+    QTimer::singleShot(300, [&]() {
+        DrawScripted(viewer);
+        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%d shape(s) in the document",
+                                                               static_cast<int>(ShapeLabelMgr::GetInstance()->GetAllShapes().size()));
         viewer->UpdateViewer();
-        QApplication::processEvents();
-        if (!window.grab().save(shot, "PNG")) {
-            std::fprintf(stderr, "tev_demo_host: cannot write %s\n", shot);
-            status = 1;
-        }
-        app.quit();
+        QTimer::singleShot(300, [&]() {
+            if (!window.grab().save(shot, "PNG")) {
+                std::fprintf(stderr, "tev_demo_host: cannot write %s\n", shot);
+                status = 1;
+            }
+            app.quit();
+        });
     });
     app.exec();
     return status;
