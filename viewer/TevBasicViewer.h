@@ -201,6 +201,9 @@ protected:
     void InitAllHightActor(vtkSmartPointer<vtkActor> actor);
 
 private:
+    // Adds the faces or edges the picker reports for `occ` at levels 1 and 2 (the first hit, or
+    // all of them for a rectangle).
+    void AddPickedSubShapes(IVtkOCC_Shape* occ, IVtkTools_ShapePicker* picker, bool all);
     void HighligtFirstObject();
     void HighligtCurrentObject();
     void RemoveSelActor();

@@ -33,11 +33,7 @@ void TevBasicViewer::OnLButtonDownMultiPicker(QMouseEvent*)
         if (actor && !actor->GetVisibility()) continue;
         if (entry.second->Pick(pos[0], pos[1], 0.0, m_renderer) <= 0) continue;
         if (m_selectLevel == 1 || m_selectLevel == 2) {
-            IVtk_ShapeIdList ids = entry.second->GetPickedSubShapesIds(0, false);
-            for (const IVtk_IdType id : ids) {
-                sel->AddToSelectionList(&occ->GetSubShape(id));
-                emit m_signal_SelChange("");
-            }
+            AddPickedSubShapes(occ, entry.second, false);
         } else {
             sel->AddToSelectionList(&occ->GetShape());
             emit m_signal_SelChange("");
@@ -62,15 +58,28 @@ void TevBasicViewer::OnLButtonDownRectPicker(QMouseEvent*)
             sel->AddToSelectionList(&occ->GetShape());
             emit m_signal_SelChange("");
         } else {
-            IVtk_ShapeIdList ids = entry.second->GetPickedSubShapesIds(0, true);
-            for (const IVtk_IdType id : ids) {
-                sel->AddToSelectionList(&occ->GetSubShape(id));
-                emit m_signal_SelChange("");
-            }
+            AddPickedSubShapes(occ, entry.second, true);
         }
     }
     PruneRetiredShapes();
     ProcessHighLightedObj();
+}
+
+void TevBasicViewer::AddPickedSubShapes(IVtkOCC_Shape* occ, IVtkTools_ShapePicker* picker, bool all)
+{
+    SelectionMgr* sel = SelectionMgr::GetInstance();
+    IVtk_ShapeIdList ids = picker->GetPickedSubShapesIds(0, all);
+    for (const IVtk_IdType id : ids) {
+        sel->AddToSelectionList(&occ->GetSubShape(id));
+        emit m_signal_SelChange("");
+    }
+    // A shape that is itself one face (or one edge) has no sub-shape of that kind: the picker
+    // reports the shape itself, which is then what the user picked.
+    const TopAbs_ShapeEnum wanted = m_selectLevel == 1 ? TopAbs_EDGE : TopAbs_FACE;
+    if (ids.IsEmpty() && occ->GetShape().ShapeType() == wanted) {
+        sel->AddToSelectionList(&occ->GetShape());
+        emit m_signal_SelChange("");
+    }
 }
 
 // Not reached: the hover pick of an earlier design, kept with the class.

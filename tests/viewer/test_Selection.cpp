@@ -1,6 +1,7 @@
 // Selection on a shown viewer with boxes made by the real creator: point picks at each level,
 // Ctrl, overlapping solids, the Tab cursor, the rubber band and the highlight actors.
 #include "BoxShapeParaCreator.h"
+#include "TriangleFaceShapeParaCreator.h"
 #include "GuiTestSupport.h"
 #include "SelectionMgr.h"
 #include "ShapeDocMgr.h"
@@ -143,6 +144,26 @@ TEST_F(SelectionTest, EdgeLevelTakesAnEdge)
         EXPECT_NEAR(BRep_Tool::Pnt(v0).Y(), 10.0, 1e-9);
         EXPECT_NEAR(BRep_Tool::Pnt(v1).Y(), 10.0, 1e-9);
     }
+}
+
+TEST_F(SelectionTest, AShapeThatIsOneFaceIsPickedAtEveryLevel)
+{
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    TriangleFaceShapeParaCreator().CreateTriangle({gp_Pnt(0, 0, 0), gp_Pnt(40, 0, 0), gp_Pnt(0, 40, 0)});
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    Show();
+    Click(gp_Pnt(10, 10, 0));
+    ASSERT_EQ(Sel().size(), 1u);
+    EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_FACE);
+    viewer->m_Slot_SetSelectionFace();
+    Click(gp_Pnt(10, 10, 0));
+    ASSERT_EQ(Sel().size(), 1u);
+    EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_FACE);
+    EXPECT_TRUE(Sel()[0]->IsSame(All()[0]));
+    viewer->m_Slot_SetSelectionEdge();
+    Click(gp_Pnt(20, 0, 0));
+    ASSERT_EQ(Sel().size(), 1u);
+    EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_EDGE);
 }
 
 TEST_F(SelectionTest, EmptySpaceClearsWithoutCtrlAndChangesNothingWithIt)
