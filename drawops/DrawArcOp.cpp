@@ -1,20 +1,14 @@
 #include "DrawArcOp.h"
 
 #include "ArcShapeParaCreator.h"
-#include "PickerMgr.h"
 #include "TevBasicViewer.h"
 
 #include <vtkArcSource.h>
-#include <vtkDataSetMapper.h>
-#include <vtkLine.h>
 #include <vtkMath.h>
-#include <vtkPoints.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
-#include <vtkUnstructuredGrid.h>
 
-#include <cmath>
 
 // Above this angle at the cursor (radians, a little short of a right angle) the cursor lies
 // on the short side of the chord.
@@ -25,11 +19,6 @@ DrawArcOp::DrawArcOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawArcOp::InitAction(TevBasicViewer*)
 {
@@ -41,7 +30,7 @@ void DrawArcOp::InitAction(TevBasicViewer*)
 
 bool DrawArcOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     double p[3] = {picked.X(), picked.Y(), picked.Z()};
     if (!m_bStep1) {
         m_Point1 = picked;
@@ -58,17 +47,17 @@ bool DrawArcOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 bool DrawArcOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
         Prompt("Arc: Input second point on arc:");
     } else if (!m_bStep2) {
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point2);
         m_bStep2 = true;
         Prompt("Arc: Input third point on arc:");
     } else if (!m_bStep3) {
-        m_Point3 = Pick(viewer, point);
+        m_Point3 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point3);
         PerformDraw(viewer);
         m_bStep1 = false;
@@ -104,29 +93,7 @@ void DrawArcOp::ActionCancelled(TevBasicViewer* viewer)
 
 void DrawArcOp::DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3])
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    // The cursor on the first point: the old actor stays out of the renderer, nothing new.
-    if (std::sqrt(vtkMath::Distance2BetweenPoints(p1, p2)) == 0.0) return;
-
-    auto points = vtkSmartPointer<vtkPoints>::New();
-    points->InsertNextPoint(p1);
-    points->InsertNextPoint(p2);
-    auto line = vtkSmartPointer<vtkLine>::New();
-    line->GetPointIds()->SetId(0, 0);
-    line->GetPointIds()->SetId(1, 1);
-    auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
-    grid->SetPoints(points);
-    grid->InsertNextCell(line->GetCellType(), line->GetPointIds());
-    auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
-    mapper->SetInputData(grid);
-    m_TempActor = vtkSmartPointer<vtkActor>::New();
-    m_TempActor->SetMapper(mapper);
-    m_TempActor->GetProperty()->SetOpacity(0.8);
-    m_TempActor->GetProperty()->SetRepresentationToWireframe();
-    m_TempActor->GetProperty()->SetColor(0.3, 0.0, 0.6);
-    renderer->AddActor(m_TempActor);
-    viewer->update();
+    DrawTempSegment(viewer, p1, p2, 0.3, 0.0, 0.6);
 }
 
 vtkSmartPointer<vtkActor> DrawArcOp::MakeThreePointArcActor(const gp_Pnt& p1, const gp_Pnt& p2, const double p3[3])

@@ -1,18 +1,9 @@
 #include "DrawCircleByCenterRadiusOp.h"
 
 #include "CircleShapeParaCreator.h"
-#include "PickerMgr.h"
 #include "TevBasicViewer.h"
 
-#include <vtkDataSetMapper.h>
-#include <vtkLine.h>
-#include <vtkMath.h>
-#include <vtkPoints.h>
-#include <vtkProperty.h>
-#include <vtkRenderer.h>
-#include <vtkUnstructuredGrid.h>
 
-#include <cmath>
 
 // Circles with a smaller radius are dropped without a word.
 static const double kMinRadius = 1e-6;
@@ -22,11 +13,6 @@ DrawCircleByCenterRadiusOp::DrawCircleByCenterRadiusOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawCircleByCenterRadiusOp::InitAction(TevBasicViewer*)
 {
@@ -37,7 +23,7 @@ void DrawCircleByCenterRadiusOp::InitAction(TevBasicViewer*)
 
 bool DrawCircleByCenterRadiusOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     if (!m_bStep1) {
         m_Point1 = picked;
         return false;
@@ -51,12 +37,12 @@ bool DrawCircleByCenterRadiusOp::MovePoint(TevBasicViewer* viewer, const double 
 bool DrawCircleByCenterRadiusOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
         Prompt("Circle : Input point on Circle");
     } else {
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point2);
         PerformDraw(viewer);
         m_bStep1 = false;
@@ -89,26 +75,5 @@ void DrawCircleByCenterRadiusOp::ActionCancelled(TevBasicViewer* viewer)
 
 void DrawCircleByCenterRadiusOp::DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3])
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    if (std::sqrt(vtkMath::Distance2BetweenPoints(p1, p2)) == 0.0) return;
-
-    auto points = vtkSmartPointer<vtkPoints>::New();
-    points->InsertNextPoint(p1);
-    points->InsertNextPoint(p2);
-    auto line = vtkSmartPointer<vtkLine>::New();
-    line->GetPointIds()->SetId(0, 0);
-    line->GetPointIds()->SetId(1, 1);
-    auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
-    grid->SetPoints(points);
-    grid->InsertNextCell(line->GetCellType(), line->GetPointIds());
-    auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
-    mapper->SetInputData(grid);
-    m_TempActor = vtkSmartPointer<vtkActor>::New();
-    m_TempActor->SetMapper(mapper);
-    m_TempActor->GetProperty()->SetOpacity(0.8);
-    m_TempActor->GetProperty()->SetRepresentationToWireframe();
-    m_TempActor->GetProperty()->SetColor(0.3, 0.0, 0.6);
-    renderer->AddActor(m_TempActor);
-    viewer->update();
+    DrawTempSegment(viewer, p1, p2, 0.3, 0.0, 0.6);
 }

@@ -2,7 +2,6 @@
 
 #include "CircleShapeParaCreator.h"
 #include "DrawArcOp.h"
-#include "PickerMgr.h"
 #include "TevBasicViewer.h"
 
 #include <GC_MakeCircle.hxx>
@@ -14,11 +13,6 @@ DrawCircleOp::DrawCircleOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawCircleOp::InitAction(TevBasicViewer*)
 {
@@ -30,7 +24,7 @@ void DrawCircleOp::InitAction(TevBasicViewer*)
 
 bool DrawCircleOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     double p[3] = {picked.X(), picked.Y(), picked.Z()};
     if (!m_bStep1) {
         m_Point1 = picked;
@@ -47,17 +41,17 @@ bool DrawCircleOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 bool DrawCircleOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
         Prompt("Circle : Input second point on cirlce");
     } else if (!m_bStep2) {
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point2);
         m_bStep2 = true;
         Prompt("Circle : Input third point on cirlce");
     } else if (!m_bStep3) {
-        m_Point3 = Pick(viewer, point);
+        m_Point3 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point3);
         PerformDraw(viewer);
         m_bStep1 = false;

@@ -1,7 +1,6 @@
 #include "DrawEllipseOp.h"
 
 #include "EllipseShapeParaCreator.h"
-#include "PickerMgr.h"
 #include "ShapeRenderTool.h"
 #include "TevBasicViewer.h"
 
@@ -20,11 +19,6 @@ static const double kMinAxis = 0.0001;
 
 DrawEllipseOp::DrawEllipseOp() : DrawOpCommon(false), m_bStep1(false), m_bStep2(false) {}
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawEllipseOp::InitAction(TevBasicViewer*)
 {
@@ -35,7 +29,7 @@ void DrawEllipseOp::InitAction(TevBasicViewer*)
 
 bool DrawEllipseOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    gp_Pnt picked = Pick(viewer, point);
+    gp_Pnt picked = PickPoint(viewer, point);
     if (!m_bStep1)
         m_Point1 = picked;
     else if (m_bStep2)
@@ -48,18 +42,18 @@ bool DrawEllipseOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
         Prompt("Ellipse : Input first axis point");
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
     } else if (!m_bStep2) {
         Prompt("Ellipse : Input second axis point");
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point2);
         m_bStep1 = true;
         m_bStep2 = true;
     } else {
         // The flags stay set: every further click makes another ellipse.
-        m_Point3 = Pick(viewer, point);
+        m_Point3 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point3);
         PerformDraw(viewer);
         FinishCurrentOp(viewer);

@@ -1,7 +1,6 @@
 #include "DrawLineOp.h"
 
 #include "LineShapeParaCreator.h"
-#include "PickerMgr.h"
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
@@ -15,11 +14,6 @@ DrawLineOp::DrawLineOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawLineOp::InitAction(TevBasicViewer*)
 {
@@ -30,7 +24,7 @@ void DrawLineOp::InitAction(TevBasicViewer*)
 
 bool DrawLineOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     if (!m_bStep1) {
         m_Point1 = picked;
         return false;
@@ -46,11 +40,11 @@ bool DrawLineOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
     if (!m_bStep1) {
         // The prompt for the end point comes before the start point is taken.
         Prompt("Line : Input end point");
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
     } else if (!m_bStep2) {
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_PointList.push_back(m_Point2);
         PerformDraw(viewer);
         m_bStep1 = false;

@@ -1,6 +1,7 @@
 #include "DrawOpCommon.h"
 
 #include "DrawerOutput.h"
+#include "PickerMgr.h"
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
@@ -68,9 +69,9 @@ void DrawOpCommon::Prompt(const char* text)
     DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%s", bytes.constData());
 }
 
-// One cell of `count` points (a line or a triangle) as a translucent red wireframe in
-// m_TempActor, replacing the previous one.
-void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count)
+// One cell of `count` points (a line or a triangle) as a translucent wireframe of colour `rgb`
+// in m_TempActor, replacing the previous one.
+void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3])
 {
     vtkRenderer* renderer = viewer->GetDefaultRender();
     renderer->RemoveActor(m_TempActor);
@@ -101,21 +102,35 @@ void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* poi
     m_TempActor->SetMapper(mapper);
     m_TempActor->GetProperty()->SetOpacity(0.8);
     m_TempActor->GetProperty()->SetRepresentationToWireframe();
-    m_TempActor->GetProperty()->SetColor(1.0, 0.2, 0.2);
+    m_TempActor->GetProperty()->SetColor(rgb[0], rgb[1], rgb[2]);
     renderer->AddActor(m_TempActor);
     viewer->update();
 }
 
+static const double kBandColour[3] = {1.0, 0.2, 0.2};
+
 void DrawOpCommon::DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3])
 {
     const double* pts[2] = {p1, p2};
-    ShowTempCell(viewer, pts, 2);
+    ShowTempCell(viewer, pts, 2, kBandColour);
+}
+
+void DrawOpCommon::DrawTempSegment(TevBasicViewer* viewer, double p1[3], double p2[3], double r, double g, double b)
+{
+    const double* pts[2] = {p1, p2};
+    const double rgb[3] = {r, g, b};
+    ShowTempCell(viewer, pts, 2, rgb);
 }
 
 void DrawOpCommon::DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3])
 {
     const double* pts[3] = {p1, p2, p3};
-    ShowTempCell(viewer, pts, 3);
+    ShowTempCell(viewer, pts, 3, kBandColour);
+}
+
+gp_Pnt DrawOpCommon::PickPoint(TevBasicViewer* viewer, const double point[3])
+{
+    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
 }
 
 void DrawOpCommon::DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3])

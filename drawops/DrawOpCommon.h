@@ -49,8 +49,14 @@ public:
     static void Prompt(const char* text);
 
 protected:
+    // The point an operation uses for a raw world point: on the work plane, snapped
+    // (PickerMgr::GetPickPoint, which also moves the snap ring and sets the snap text).
+    static gp_Pnt PickPoint(TevBasicViewer* viewer, const double point[3]);
+
     // Rubber-band line p1-p2 in m_TempActor; nothing is shown when the points coincide.
     void DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3]);
+    // The same band in another colour.
+    void DrawTempSegment(TevBasicViewer* viewer, double p1[3], double p2[3], double r, double g, double b);
     // Rubber-band circle around `center` through `rim` in m_TempActor2.
     void DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3]);
     // Rubber-band triangle in m_TempActor; nothing is shown when p1 and p2 coincide.
@@ -70,7 +76,7 @@ protected:
     QString m_StatusString;
 
 private:
-    void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count);
+    void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3]);
 };
 
 #endif

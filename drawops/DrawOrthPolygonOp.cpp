@@ -1,7 +1,6 @@
 #include "DrawOrthPolygonOp.h"
 
 #include "OrthPolygonShapeParaCreator.h"
-#include "PickerMgr.h"
 #include "PolygonNumInputDlg.h"
 #include "ShapeRenderTool.h"
 #include "TevBasicViewer.h"
@@ -24,11 +23,6 @@ DrawOrthPolygonOp::DrawOrthPolygonOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawOrthPolygonOp::InitAction(TevBasicViewer*)
 {
@@ -39,7 +33,7 @@ void DrawOrthPolygonOp::InitAction(TevBasicViewer*)
 
 bool DrawOrthPolygonOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     if (m_bStep1 && !m_bStep2) DrawTempLine(viewer, picked);
     return false;
 }
@@ -47,7 +41,7 @@ bool DrawOrthPolygonOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 bool DrawOrthPolygonOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
-        m_CenterPoint = Pick(viewer, point);
+        m_CenterPoint = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_CenterPoint);
         Prompt("Equilateral polygon : Input egde number:");
@@ -63,7 +57,7 @@ bool DrawOrthPolygonOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
         }
         // Whatever the dialog gave, the next click takes the vertex.
     } else if (!m_bStep2) {
-        m_SecondPoint = Pick(viewer, point);
+        m_SecondPoint = PickPoint(viewer, point);
         m_PointList.push_back(m_SecondPoint);
         PerformDraw(viewer);
         m_bStep1 = false;

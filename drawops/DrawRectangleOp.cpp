@@ -1,6 +1,5 @@
 #include "DrawRectangleOp.h"
 
-#include "PickerMgr.h"
 #include "RectangleShapeParaCreator.h"
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
@@ -17,11 +16,6 @@
 
 DrawRectangleOp::DrawRectangleOp() : DrawOpCommon(false), m_bStep1(false), m_bStep2(false) {}
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawRectangleOp::InitAction(TevBasicViewer*)
 {
@@ -32,7 +26,7 @@ void DrawRectangleOp::InitAction(TevBasicViewer*)
 
 bool DrawRectangleOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     if (m_bStep1 && !m_bStep2) {
         m_Point2 = picked;
         double a[3] = {m_Point1.X(), m_Point1.Y(), m_Point1.Z()};
@@ -44,7 +38,7 @@ bool DrawRectangleOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 
 bool DrawRectangleOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     if (!m_bStep1) {
         m_Point1 = picked;
         m_bStep1 = true;

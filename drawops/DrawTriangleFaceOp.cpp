@@ -1,6 +1,5 @@
 #include "DrawTriangleFaceOp.h"
 
-#include "PickerMgr.h"
 #include "TevBasicViewer.h"
 #include "TriangleFaceShapeParaCreator.h"
 
@@ -16,11 +15,6 @@ DrawTriangleFaceOp::DrawTriangleFaceOp()
 {
 }
 
-// The snapped point of a raw world point.
-static gp_Pnt Pick(TevBasicViewer* viewer, const double point[3])
-{
-    return PickerMgr::GetInstance()->GetPickPoint(viewer, gp_Pnt(point[0], point[1], point[2]));
-}
 
 void DrawTriangleFaceOp::InitAction(TevBasicViewer*)
 {
@@ -33,7 +27,7 @@ void DrawTriangleFaceOp::InitAction(TevBasicViewer*)
 bool DrawTriangleFaceOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
     if (m_bStep3) return false;  // the face is made: nothing follows the mouse any more
-    const gp_Pnt picked = Pick(viewer, point);
+    const gp_Pnt picked = PickPoint(viewer, point);
     double p[3] = {picked.X(), picked.Y(), picked.Z()};
     double a[3] = {m_Point1.X(), m_Point1.Y(), m_Point1.Z()};
     if (!m_bStep1) {
@@ -51,19 +45,19 @@ bool DrawTriangleFaceOp::LButtonUp(TevBasicViewer* viewer, const double point[3]
 {
     if (!m_bStep1) {
         Prompt("Triangle : Input Second point");
-        m_Point1 = Pick(viewer, point);
+        m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
     } else if (!m_bStep2) {
         Prompt("Triangle : Input Third point");
-        m_Point2 = Pick(viewer, point);
+        m_Point2 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_bStep2 = true;
         m_PointList.push_back(m_Point2);
     } else if (!m_bStep3) {
         // The line operation's prompt, on purpose.
         Prompt("Line : Input end point");
-        m_Point3 = Pick(viewer, point);
+        m_Point3 = PickPoint(viewer, point);
         m_bStep3 = true;
         m_PointList.push_back(m_Point3);
         PerformDraw(viewer);
