@@ -391,7 +391,7 @@ int PyrLayers(int n, int lagrange, const Dn<T>* X, Dn<T>* out)
     return 5 + 8 * (n - 2);
 }
 
-/* The spec'd linear pyramid of the linear tuple. */
+/* The polynomial linear pyramid, used for the plain linear tuple only. */
 template <class T>
 int PyrLinear(const Dn<T>* X, Dn<T>* out)
 {
