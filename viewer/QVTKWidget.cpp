@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QVTKInteractorAdapter.h>
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkRenderWindowInteractor.h>
@@ -108,8 +109,18 @@ void QVTKWidget::keyReleaseEvent(QKeyEvent* event)
 
 void QVTKWidget::update()
 {
+    if (!m_renderPending) {
+        m_renderPending = true;
+        QTimer::singleShot(0, this, &QVTKWidget::RenderPending);
+    }
+    QWidget::update();
+}
+
+void QVTKWidget::RenderPending()
+{
+    if (!m_renderPending) return;
+    m_renderPending = false;
     // Rendering makes the adapter schedule the repaint that shows the new frame. Before the
     // widget has its OpenGL context the window is not ready and nothing is drawn.
     if (vtkRenderWindow* window = renderWindow()) window->Render();
-    QWidget::update();
 }

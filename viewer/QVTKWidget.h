@@ -35,10 +35,13 @@ public:
     vtkRenderWindowInteractor* GetInteractor();
 
     // Redraws the scene. VTK 9's widget repaints only the last rendered frame on a plain
-    // QWidget::update(); this one renders the scene first, so that every change made before it
-    // shows, as callers of update() expect. The other overloads are QWidget's.
+    // QWidget::update(); this one also renders the scene, so that every change made before it
+    // shows, as callers of update() expect. The render runs once when control returns to the
+    // event loop, however many update() calls one event made. The other overloads are QWidget's.
     using QWidget::update;
     void update();
+    // Renders now if an update() is still waiting for its render.
+    void RenderPending();
 
 protected:
     bool event(QEvent* event) override;
@@ -57,6 +60,7 @@ private:
     void UpdateEventInformation(QEvent* event);
 
     QVTKInteractorAdapter* m_adapter;
+    bool m_renderPending = false;
 };
 
 #endif

@@ -6,6 +6,7 @@
 
 #include <QMetaMethod>
 #include <QSignalSpy>
+#include <vtkCallbackCommand.h>
 #include <vtkCamera.h>
 #include <vtkInteractorObserver.h>
 #include <gp_Pln.hxx>
@@ -447,6 +448,26 @@ TEST_F(TevBasicViewerTest, StandardViewsPlaceTheCamera)
         }
         EXPECT_TRUE(cam->GetParallelProjection());
     }
+}
+
+TEST_F(TevBasicViewerTest, UpdatesOfOneEventRenderOnceAndShowTheChange)
+{
+    QTest::qWait(50);
+    int renders = 0;
+    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
+    counter->SetClientData(&renders);
+    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
+    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+    viewer->GetDefaultRender()->SetBackground(0.0, 0.0, 0.0);
+    viewer->GetDefaultRender()->SetBackground2(0.0, 0.0, 0.0);
+    viewer->update();
+    viewer->update();
+    viewer->UpdateViewer();
+    EXPECT_EQ(renders, 0);  // nothing renders before control returns to the event loop
+    QImage img = tevtest::GrabRendered(viewer.get());
+    EXPECT_EQ(renders, 1);
+    const QColor c = img.pixelColor(img.width() - 5, img.height() / 2);
+    EXPECT_LT(c.red() + c.green() + c.blue(), 10);
 }
 
 TEST_F(TevBasicViewerTest, RenderedImageShowsTheGradient)
