@@ -1,7 +1,8 @@
 #include "TevBasicViewer.h"
 
-#include "DrawOpMgr.h"
 #include "BrepSnapMgr.h"
+#include "DrawOpMgr.h"
+#include "GeoGridDrawer.h"
 #include "SelectionMgr.h"
 
 #include <IVtkTools_ShapePicker.hxx>
@@ -11,7 +12,6 @@
 #include <QMouseEvent>
 #include <vtkActor.h>
 #include <vtkArcSource.h>
-#include <vtkPolyDataMapper.h>
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkImageActor.h>
 #include <vtkImageData.h>
@@ -20,6 +20,7 @@
 #include <vtkInteractorStyleRubberBandZoom.h>
 #include <vtkInteractorStyleTrackballCamera.h>
 #include <vtkJPEGReader.h>
+#include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderWindowInteractor.h>
 #include <vtkRenderer.h>
@@ -49,9 +50,13 @@ TevBasicViewer::TevBasicViewer(std::string name)
     m_viewerType = VIEW_TYPE_MAIN;
 }
 
-// m_grid, m_hoverActor and the menu are not freed here: the grid and the highlight actor may
-// still be referenced by singletons that outlive the widget.
-TevBasicViewer::~TevBasicViewer() = default;
+// The grid drawer and the hover actor are the widget's own; the actor's creation reference is
+// released, the renderer keeps it while it needs it.
+TevBasicViewer::~TevBasicViewer()
+{
+    delete m_grid;
+    if (m_hoverActor) m_hoverActor->Delete();
+}
 
 void TevBasicViewer::InitViewer()
 {
