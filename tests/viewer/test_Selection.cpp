@@ -2,6 +2,7 @@
 // Ctrl, overlapping solids, the Tab cursor, the rubber band and the highlight actors.
 #include "BoxShapeParaCreator.h"
 #include "TriangleFaceShapeParaCreator.h"
+#include "DrawOpCommon.h"
 #include "GuiTestSupport.h"
 #include "SelectionMgr.h"
 #include "ShapeDocMgr.h"
@@ -369,6 +370,20 @@ TEST_F(SelectionTest, EscapeWithoutOperationClearsTheSelectionAndHighlights)
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
     EXPECT_TRUE(Sel().empty());
     EXPECT_FALSE(RenderedHas(hl));
+}
+
+TEST_F(SelectionTest, EscapeDuringAnOperationKeepsTheSelection)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Show();
+    Click(gp_Pnt(5, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    DrawOpCommon op;
+    DrawOpMgr::GetInstance()->StartOp(&op, viewer.get());
+    QTest::keyClick(viewer.get(), Qt::Key_Escape);
+    EXPECT_EQ(DrawOpMgr::GetInstance()->GetCurrentOp(), nullptr);
+    EXPECT_EQ(Sel().size(), 1u);
+    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u);
 }
 
 TEST(SelectionMgrList, OneEntryPerTShapeAndTheRemovalSkip)
