@@ -4,7 +4,6 @@
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
-#include <vtkRenderer.h>
 
 // Lines shorter than this are dropped without a word.
 static const double kMinLength = 1e-6;
@@ -70,22 +69,14 @@ void DrawLineOp::PerformDraw(TevBasicViewer* viewer)
 
 void DrawLineOp::FinishCurrentOp(TevBasicViewer* viewer)
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
     m_bFinished = true;
 }
 
 void DrawLineOp::ActionCancelled(TevBasicViewer* viewer)
 {
     Prompt("Line : Cancel");
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
 }
 
 void DrawLineOp::CreateBy2Points(gp_Pnt& a, gp_Pnt& b)

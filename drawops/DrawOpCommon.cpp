@@ -33,6 +33,11 @@ void DrawOpCommon::InitAction(TevBasicViewer*) {}
 
 void DrawOpCommon::ActionCancelled(TevBasicViewer* viewer)
 {
+    ClearTempDisplay(viewer);
+}
+
+void DrawOpCommon::ClearTempDisplay(TevBasicViewer* viewer)
+{
     vtkRenderer* renderer = viewer->GetDefaultRender();
     renderer->RemoveActor(m_TempActor);
     renderer->RemoveActor(m_TempActor2);

@@ -61,6 +61,9 @@ protected:
     void DrawTempCircle(TevBasicViewer* viewer, double center[3], double rim[3]);
     // Rubber-band triangle in m_TempActor; nothing is shown when p1 and p2 coincide.
     void DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3]);
+    // Both rubber bands out of the renderer, then the base's FinishCurrentOp and a redraw: the
+    // ending that cancel and finish steps of the operations share.
+    void ClearTempDisplay(TevBasicViewer* viewer);
     // The creation bracket of a last step: one transaction around `create` (a creator call on a
     // local creator object), then the rebuild of the viewer's picture, which shows the new shape.
     static void CreateInTransaction(TevBasicViewer* viewer, const std::function<void()>& create);

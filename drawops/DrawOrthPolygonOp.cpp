@@ -79,21 +79,13 @@ void DrawOrthPolygonOp::PerformDraw(TevBasicViewer* viewer)
 
 void DrawOrthPolygonOp::FinishCurrentOp(TevBasicViewer* viewer)
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
 }
 
 void DrawOrthPolygonOp::ActionCancelled(TevBasicViewer* viewer)
 {
     Prompt("Equilateral polygon : Cancel:");
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
 }
 
 void DrawOrthPolygonOp::CreateTempGeo(const gp_Pnt& point, TopoDS_Shape& shape)

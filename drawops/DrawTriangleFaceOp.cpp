@@ -3,7 +3,6 @@
 #include "TevBasicViewer.h"
 #include "TriangleFaceShapeParaCreator.h"
 
-#include <vtkRenderer.h>
 
 #include <vector>
 
@@ -78,20 +77,12 @@ void DrawTriangleFaceOp::PerformDraw(TevBasicViewer* viewer)
 
 void DrawTriangleFaceOp::FinishCurrentOp(TevBasicViewer* viewer)
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
     m_bFinished = true;
 }
 
 void DrawTriangleFaceOp::ActionCancelled(TevBasicViewer* viewer)
 {
     Prompt("Triangle : Cancel");
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    renderer->RemoveActor(m_TempActor2);
-    DrawOpCommon::FinishCurrentOp(viewer);
-    viewer->update();
+    ClearTempDisplay(viewer);
 }
