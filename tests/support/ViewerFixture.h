@@ -26,10 +26,12 @@ inline void EmptyOpStack(TevBasicViewer* viewer)
     mgr->SetOutputString(QString());
 }
 
-// Makes, initialises and shows a viewer of `name` at 640 x 480 and waits until it is drawn.
-inline std::unique_ptr<TevBasicViewer> MakeShownViewer(const std::string& name = "TevPlatform")
+// Makes, initialises and shows a viewer (or a test subclass of it) of `name` at 640 x 480 and
+// waits until it is drawn.
+template <class Viewer = TevBasicViewer>
+std::unique_ptr<Viewer> MakeShownViewer(const std::string& name = "TevPlatform")
 {
-    std::unique_ptr<TevBasicViewer> viewer(new TevBasicViewer(name));
+    std::unique_ptr<Viewer> viewer(new Viewer(name));
     viewer->InitViewer();
     viewer->resize(640, 480);
     viewer->show();

@@ -29,13 +29,9 @@ namespace {
 class ProbeViewer : public TevBasicViewer
 {
 public:
+    explicit ProbeViewer(std::string name) : TevBasicViewer(std::move(name)) {}
     using TevBasicViewer::IsCtrlPressed;
 };
-
-ProbeViewer* Probe(TevBasicViewer* v)
-{
-    return static_cast<ProbeViewer*>(v);
-}
 
 bool StyleIs(TevBasicViewer* v, const char* className)
 {
@@ -317,33 +313,35 @@ void Key(QWidget* w, bool press, Qt::Key key, Qt::KeyboardModifiers state)
     QTest::simulateEvent(w, press, key, state, QString(), false);
 }
 
-TEST_F(TevBasicViewerTest, CtrlAloneSetsTheFlagAndReleasingCtrlClearsIt)
+TEST(TevBasicViewerKeys, CtrlAloneSetsTheFlagAndReleasingCtrlClearsIt)
 {
-    ProbeViewer* v = Probe(viewer.get());
+    auto probe = tevtest::MakeShownViewer<ProbeViewer>();
+    ProbeViewer* v = probe.get();
+    TevBasicViewer* viewer = v;
     EXPECT_FALSE(v->IsCtrlPressed());
-    Key(viewer.get(), true, Qt::Key_Control, Qt::NoModifier);
+    Key(viewer, true, Qt::Key_Control, Qt::NoModifier);
     EXPECT_TRUE(v->IsCtrlPressed());
-    Key(viewer.get(), false, Qt::Key_A, Qt::ControlModifier);
+    Key(viewer, false, Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(v->IsCtrlPressed());
-    Key(viewer.get(), false, Qt::Key_Control, Qt::ControlModifier);
+    Key(viewer, false, Qt::Key_Control, Qt::ControlModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
     // Ctrl pressed while Shift is held does not count.
-    Key(viewer.get(), true, Qt::Key_Control, Qt::ShiftModifier);
+    Key(viewer, true, Qt::Key_Control, Qt::ShiftModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
     // Any key pressed with Ctrl alone does; releasing Ctrl clears it whatever else is held.
-    Key(viewer.get(), true, Qt::Key_A, Qt::ControlModifier);
+    Key(viewer, true, Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(v->IsCtrlPressed());
-    Key(viewer.get(), false, Qt::Key_Control, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(viewer, false, Qt::Key_Control, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
     // QTest's own sequences: Ctrl+B, and Ctrl+Alt+B.
-    QTest::keyPress(viewer.get(), Qt::Key_B, Qt::ControlModifier);
+    QTest::keyPress(viewer, Qt::Key_B, Qt::ControlModifier);
     EXPECT_TRUE(v->IsCtrlPressed());
-    QTest::keyRelease(viewer.get(), Qt::Key_B, Qt::ControlModifier);
+    QTest::keyRelease(viewer, Qt::Key_B, Qt::ControlModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
-    QTest::keyPress(viewer.get(), Qt::Key_B, Qt::ControlModifier | Qt::AltModifier);
-    Key(viewer.get(), false, Qt::Key_Control, Qt::ControlModifier | Qt::AltModifier);
+    QTest::keyPress(viewer, Qt::Key_B, Qt::ControlModifier | Qt::AltModifier);
+    Key(viewer, false, Qt::Key_Control, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
-    Key(viewer.get(), true, Qt::Key_B, Qt::ControlModifier | Qt::AltModifier);
+    Key(viewer, true, Qt::Key_B, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_FALSE(v->IsCtrlPressed());
 }
 
