@@ -13,14 +13,6 @@
 #include "vsy_Error.h"
 #include "vsy_Grow.h"
 
-static void vis_Assoc_Report(vis_Assoc* assoc, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    assoc->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static int vis_Assoc_IsArray(int type)
 {
     return type >= VIS_ASSOC_NIBBLE && type <= VIS_ASSOC_INT;
@@ -205,7 +197,7 @@ static int vis_Assoc_Convert(vis_Assoc* assoc, int type, int mincap, const char*
     void* array;
     int cap = 0, bytecap = 0;
     if (!vis_Assoc_NewArray(type, c, &array, &cap, &bytecap)) {
-        vis_Assoc_Report(assoc, name, SYS_ERROR_MEMORY, "index= %d", mincap);
+        vsy_ErrorRecord(&assoc->ierr, name, SYS_ERROR_MEMORY, "index= %d", mincap);
         return 0;
     }
     vis_Assoc tmp = *assoc;
@@ -219,7 +211,7 @@ static int vis_Assoc_Convert(vis_Assoc* assoc, int type, int mincap, const char*
     vis_Assoc_Attach(assoc, type, array, cap, bytecap);
     if (assoc->head && !vis_Assoc_GrowHead(assoc)) {
         /* head keeps its old size; queries check headcap, so nothing is lost. */
-        vis_Assoc_Report(assoc, name, SYS_ERROR_MEMORY, "index= %d", mincap);
+        vsy_ErrorRecord(&assoc->ierr, name, SYS_ERROR_MEMORY, "index= %d", mincap);
         return 0;
     }
     return 1;
@@ -232,11 +224,11 @@ void vis_AssocDef(vis_Assoc* assoc, int nument, int type)
         return;
     }
     if (nument < 0) {
-        vis_Assoc_Report(assoc, "vis_AssocDef", SYS_ERROR_VALUE, "nument= %d", nument);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocDef", SYS_ERROR_VALUE, "nument= %d", nument);
         return;
     }
     if (type < VIS_ASSOC_CONSTANT || type > VIS_ASSOC_IDENTITY) {
-        vis_Assoc_Report(assoc, "vis_AssocDef", SYS_ERROR_ENUM, "type= %d", type);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocDef", SYS_ERROR_ENUM, "type= %d", type);
         return;
     }
     vis_Assoc_FreeAll(assoc);
@@ -248,7 +240,7 @@ void vis_AssocDef(vis_Assoc* assoc, int nument, int type)
     void* array;
     int cap = 0, bytecap = 0;
     if (!vis_Assoc_NewArray(type, nument, &array, &cap, &bytecap)) {
-        vis_Assoc_Report(assoc, "vis_AssocDef", SYS_ERROR_MEMORY, "nument= %d", nument);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         return;
     }
     vis_Assoc_Attach(assoc, type, array, cap, bytecap);
@@ -357,7 +349,7 @@ void vis_AssocSet(vis_Assoc* assoc, int index, int value)
         return;
     }
     if (index < 1) {
-        vis_Assoc_Report(assoc, "vis_AssocSet", SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocSet", SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (!vis_Assoc_IsArray(assoc->type)) {
@@ -406,7 +398,7 @@ void vis_AssocAdd(vis_Assoc* assoc, int index, int value)
         return;
     }
     if (index < 1) {
-        vis_Assoc_Report(assoc, "vis_AssocAdd", SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocAdd", SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (index > assoc->maxind) {
@@ -417,12 +409,12 @@ void vis_AssocAdd(vis_Assoc* assoc, int index, int value)
         if (!vis_Assoc_Convert(assoc, vis_Assoc_NeedAll(assoc), assoc->maxind, "vis_AssocAdd")) return;
     }
     if (!vis_Assoc_GrowHead(assoc)) {
-        vis_Assoc_Report(assoc, "vis_AssocAdd", SYS_ERROR_MEMORY, "index= %d", index);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocAdd", SYS_ERROR_MEMORY, "index= %d", index);
         return;
     }
     int l = vis_Assoc_NewLink(assoc);
     if (l < 0) {
-        vis_Assoc_Report(assoc, "vis_AssocAdd", SYS_ERROR_MEMORY, "index= %d", index);
+        vsy_ErrorRecord(&assoc->ierr, "vis_AssocAdd", SYS_ERROR_MEMORY, "index= %d", index);
         return;
     }
     assoc->pool[l].next = -1;

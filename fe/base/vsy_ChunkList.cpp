@@ -3,14 +3,6 @@
 
 #include "vsy_Error.h"
 
-static void vsy_ChunkList_Report(vsy_ChunkList* cl, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    cl->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static void vsy_ChunkList_FreeAll(vsy_ChunkList* cl)
 {
     for (int b = 0; b < cl->nblocks; ++b) {
@@ -104,12 +96,12 @@ void vsy_ChunkListDef(vsy_ChunkList* cl, int nument)
         return;
     }
     if (nument < 0) {
-        vsy_ChunkList_Report(cl, "vsy_ChunkListDef", SYS_ERROR_VALUE, "nument= %d", nument);
+        vsy_ErrorRecord(&cl->ierr, "vsy_ChunkListDef", SYS_ERROR_VALUE, "nument= %d", nument);
         return;
     }
     vsy_ChunkList_FreeAll(cl);
     if (!vsy_ChunkList_Reach(cl, nument)) {
-        vsy_ChunkList_Report(cl, "vsy_ChunkListDef", SYS_ERROR_MEMORY, "nument= %d", nument);
+        vsy_ErrorRecord(&cl->ierr, "vsy_ChunkListDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         cl->maxind = cl->nblocks * VSY_CHUNKLIST_BLOCK;
         if (cl->maxind > nument) cl->maxind = nument;
     }
@@ -168,15 +160,15 @@ static int vsy_ChunkList_Check(vsy_ChunkList* cl, const char* name, int index, i
         return 0;
     }
     if (index < 1) {
-        vsy_ChunkList_Report(cl, name, SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&cl->ierr, name, SYS_ERROR_VALUE, "index= %d", index);
         return 0;
     }
     if (num < 0) {
-        vsy_ChunkList_Report(cl, name, SYS_ERROR_VALUE, "len= %d", num);
+        vsy_ErrorRecord(&cl->ierr, name, SYS_ERROR_VALUE, "len= %d", num);
         return 0;
     }
     if (!vsy_ChunkList_Reach(cl, index)) {
-        vsy_ChunkList_Report(cl, name, SYS_ERROR_MEMORY, "index= %d", index);
+        vsy_ErrorRecord(&cl->ierr, name, SYS_ERROR_MEMORY, "index= %d", index);
         return 0;
     }
     return 1;
@@ -185,7 +177,7 @@ static int vsy_ChunkList_Check(vsy_ChunkList* cl, const char* name, int index, i
 void vsy_ChunkListSet(vsy_ChunkList* cl, int index, int num, const int* values)
 {
     if (cl && num > 0 && !values) {
-        vsy_ChunkList_Report(cl, "vsy_ChunkListSet", SYS_ERROR_VALUE, "len= %d", num);
+        vsy_ErrorRecord(&cl->ierr, "vsy_ChunkListSet", SYS_ERROR_VALUE, "len= %d", num);
         return;
     }
     if (!vsy_ChunkList_Check(cl, "vsy_ChunkListSet", index, num)) return;
@@ -206,7 +198,7 @@ void vsy_ChunkListSet(vsy_ChunkList* cl, int index, int num, const int* values)
                 cl->freecell = added;
                 added = next;
             }
-            vsy_ChunkList_Report(cl, "vsy_ChunkListSet", SYS_ERROR_MEMORY, "index= %d", index);
+            vsy_ErrorRecord(&cl->ierr, "vsy_ChunkListSet", SYS_ERROR_MEMORY, "index= %d", index);
             return;
         }
         c->next = added;
@@ -234,7 +226,7 @@ void vsy_ChunkListAdd(vsy_ChunkList* cl, int index, int value)
     if (*count > 0 && *count % 4 == 0) {
         vsy_ChunkCell* n = vsy_ChunkList_NewCell(cl);
         if (!n) {
-            vsy_ChunkList_Report(cl, "vsy_ChunkListAdd", SYS_ERROR_MEMORY, "index= %d", index);
+            vsy_ErrorRecord(&cl->ierr, "vsy_ChunkListAdd", SYS_ERROR_MEMORY, "index= %d", index);
             return;
         }
         c->next = n;

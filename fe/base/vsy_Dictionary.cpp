@@ -21,12 +21,6 @@ static int vsy_Dictionary_Removed(const vsy_DictionarySlot* slot)
     return !slot->name && (uint32_t)(uintptr_t)slot->value == 0xFFFFFFFFu;
 }
 
-static void vsy_Dictionary_Report(vsy_Dictionary* dict, const char* name, int ierr, const char* text)
-{
-    dict->ierr = ierr;
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static void vsy_Dictionary_FreeSorted(vsy_Dictionary* dict)
 {
     if (dict->sortslot) vsy_Free(dict->sortslot);
@@ -114,9 +108,7 @@ void vsy_DictionarySetParami(vsy_Dictionary* dict, int type, int param)
         return;
     }
     if (type != VSY_DICTIONARY_NOCASE) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "type= %d", type);
-        vsy_Dictionary_Report(dict, "vsy_DictionarySetParami", SYS_ERROR_ENUM, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_DictionarySetParami", SYS_ERROR_ENUM, "type= %d", type);
         return;
     }
     dict->nocase = param;
@@ -141,9 +133,7 @@ void vsy_DictionaryDef(vsy_Dictionary* dict, int nument)
     int size = vsy_NextPrimeLike(nument > 128 ? nument : 128);
     vsy_DictionarySlot* slots = size > 0 ? vsy_Dictionary_NewSlots(size) : nullptr;
     if (!slots) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "nument= %d", nument);
-        vsy_Dictionary_Report(dict, "vsy_DictionaryDef", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         return;
     }
     if (dict->slots) {
@@ -184,7 +174,6 @@ void vsy_Dictionary_Expand(vsy_Dictionary* dict)
 
 void vsy_DictionaryInsert(vsy_Dictionary* dict, const char* name, void* value)
 {
-    char text[VSY_ERROR_TEXTLEN];
     if (!dict) {
         vsy_ErrorNumber("vsy_DictionaryInsert", SYS_ERROR_NULLOBJECT);
         return;
@@ -205,15 +194,13 @@ void vsy_DictionaryInsert(vsy_Dictionary* dict, const char* name, void* value)
         return;
     }
     if (avail < 0) {
-        vsy_ErrorFormat(text, "Slot search, name= %s", name);
-        vsy_Dictionary_Report(dict, "vsy_DictionaryInsert", SYS_ERROR_SEVERE, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_SEVERE, "Slot search, name= %s", name);
         return;
     }
     size_t len = std::strlen(name) + 1;
     char* copy = (char*)vsy_Malloc(len);
     if (!copy) {
-        vsy_ErrorFormat(text, "name= %s", name);
-        vsy_Dictionary_Report(dict, "vsy_DictionaryInsert", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_MEMORY, "name= %s", name);
         return;
     }
     std::memcpy(copy, name, len);
@@ -283,7 +270,7 @@ void vsy_DictionaryInitIterOrder(vsy_Dictionary* dict)
     dict->sortname = (char*)vsy_Malloc(bytes);
     if (!dict->sortslot || !dict->sortname || bytes > 0x7FFFFFFF) {
         vsy_Dictionary_FreeSorted(dict);
-        vsy_Dictionary_Report(dict, "vsy_DictionaryInitIterOrder", SYS_ERROR_MEMORY, "Malloc vec");
+        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInitIterOrder", SYS_ERROR_MEMORY, "Malloc vec");
         return;
     }
     int* idx = dict->sortslot + n + 1;

@@ -73,6 +73,17 @@ void vsy_ErrorFormat(char* buf, const char* format, ...)
     va_end(ap);
 }
 
+void vsy_ErrorRecord(int* ierr, const char* name, int code, const char* format, ...)
+{
+    char text[VSY_ERROR_TEXTLEN];
+    va_list ap;
+    va_start(ap, format);
+    std::vsnprintf(text, VSY_ERROR_TEXTLEN, format, ap);
+    va_end(ap);
+    if (ierr) *ierr = code;
+    vsy_ErrorMessage(name, code, text);
+}
+
 void* vsy_Malloc(size_t size)
 {
     return vsy_MallocSlot(size);

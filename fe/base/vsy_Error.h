@@ -56,6 +56,14 @@ const char* vsy_ErrorText(int ierr);
 FILE* vsy_ErrorStream(void);
 void vsy_ErrorSetStream(FILE* stream);
 
+/* Records a failure in an object: stores `code` in *ierr, formats the detail text through the
+ * bounded buffer and reports it with vsy_ErrorMessage. The one path of every object's reports. */
+void vsy_ErrorRecord(int* ierr, const char* name, int code, const char* format, ...)
+#if defined(__GNUC__)
+    __attribute__((format(printf, 4, 5)))
+#endif
+    ;
+
 /* Formats a detail text into buf (VSY_ERROR_TEXTLEN bytes), truncating, never overrunning. */
 void vsy_ErrorFormat(char* buf, const char* format, ...)
 #if defined(__GNUC__)

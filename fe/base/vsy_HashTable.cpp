@@ -22,14 +22,6 @@ static int vsy_HashTable_NeverUsed(const vsy_HashTableSlot* slot)
     return slot->key == 0 && (uint32_t)(uintptr_t)slot->value == 0;
 }
 
-static void vsy_HashTable_Report(vsy_HashTable* tab, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    tab->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static vsy_HashTableSlot* vsy_HashTable_AllocSlots(int size)
 {
     size_t nbytes = (size_t)size * sizeof(vsy_HashTableSlot);
@@ -115,7 +107,7 @@ void vsy_HashTableDef(vsy_HashTable* tab, int nument)
     vsy_HashTableSlot* slots = nullptr;
     if (n <= (VSY_HASH_MAXSIZE - 1) / 2) slots = vsy_HashTable_AllocSlots(2 * n + 1);
     if (!slots) {
-        vsy_HashTable_Report(tab, "vsy_HashTableDef", SYS_ERROR_MEMORY, "nument= %d", nument);
+        vsy_ErrorRecord(&tab->ierr, "vsy_HashTableDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         return;
     }
     if (tab->slots) vsy_Free(tab->slots);
@@ -186,7 +178,7 @@ void vsy_HashTableInsert(vsy_HashTable* tab, int key, void* value)
         if (++s == size) s = 0;
     }
     if (avail < 0) {
-        vsy_HashTable_Report(tab, "vsy_HashTableInsert", SYS_ERROR_OPERATION, "Slot search, key= %d", key);
+        vsy_ErrorRecord(&tab->ierr, "vsy_HashTableInsert", SYS_ERROR_OPERATION, "Slot search, key= %d", key);
         return;
     }
     tab->slots[avail].key = key;

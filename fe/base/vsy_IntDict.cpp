@@ -11,12 +11,6 @@
 
 #include <cstring>
 
-static void vsy_IntDict_Report(vsy_IntDict* dict, const char* name, int ierr, const char* text)
-{
-    dict->ierr = ierr;
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static void vsy_IntDict_FreeSorted(vsy_IntDict* dict)
 {
     if (dict->sortslot) vsy_Free(dict->sortslot);
@@ -115,9 +109,7 @@ void vsy_IntDictDef(vsy_IntDict* dict, int nument)
     int size = vsy_NextPrimeLike(nument > 128 ? nument : 128);
     vsy_IntDictSlot* slots = size > 0 ? vsy_IntDict_NewSlots(size, dict->empty) : nullptr;
     if (!slots) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "nument= %d", nument);
-        vsy_IntDict_Report(dict, "vsy_IntDictDef", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         return;
     }
     if (dict->slots) {
@@ -158,7 +150,6 @@ void vsy_IntDict_Expand(vsy_IntDict* dict)
 
 void vsy_IntDictInsert(vsy_IntDict* dict, const char* name, int value)
 {
-    char text[VSY_ERROR_TEXTLEN];
     if (!dict) {
         vsy_ErrorNumber("vsy_IntDictInsert", SYS_ERROR_NULLOBJECT);
         return;
@@ -169,8 +160,7 @@ void vsy_IntDictInsert(vsy_IntDict* dict, const char* name, int value)
         return;
     }
     if (value == dict->empty) {
-        vsy_ErrorFormat(text, "name= %s, value= %d", name, value);
-        vsy_IntDict_Report(dict, "vsy_IntDictInsert", SYS_ERROR_VALUE, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_VALUE, "name= %s, value= %d", name, value);
         return;
     }
     if (!dict->slots) {
@@ -184,15 +174,13 @@ void vsy_IntDictInsert(vsy_IntDict* dict, const char* name, int value)
         return;
     }
     if (avail < 0) {
-        vsy_ErrorFormat(text, "Slot search, name= %s", name);
-        vsy_IntDict_Report(dict, "vsy_IntDictInsert", SYS_ERROR_SEVERE, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_SEVERE, "Slot search, name= %s", name);
         return;
     }
     size_t len = std::strlen(name) + 1;
     char* copy = (char*)vsy_Malloc(len);
     if (!copy) {
-        vsy_ErrorFormat(text, "name= %s", name);
-        vsy_IntDict_Report(dict, "vsy_IntDictInsert", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_MEMORY, "name= %s", name);
         return;
     }
     std::memcpy(copy, name, len);
@@ -246,7 +234,7 @@ void vsy_IntDictInitIterOrder(vsy_IntDict* dict)
     dict->sortname = (char*)vsy_Malloc(bytes);
     if (!dict->sortslot || !dict->sortname || bytes > 0x7FFFFFFF) {
         vsy_IntDict_FreeSorted(dict);
-        vsy_IntDict_Report(dict, "vsy_IntDictInitIterOrder", SYS_ERROR_MEMORY, "Malloc vec");
+        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInitIterOrder", SYS_ERROR_MEMORY, "Malloc vec");
         return;
     }
     int* idx = dict->sortslot + n + 1;

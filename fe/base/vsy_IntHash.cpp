@@ -73,10 +73,7 @@ void vsy_IntHashDef(vsy_IntHash* tab, int nument)
     vsy_IntHashSlot* slots = nullptr;
     if (n <= (VSY_HASH_MAXSIZE - 1) / 2) slots = vsy_IntHash_AllocSlots(2 * n + 1, tab->empty);
     if (!slots) {
-        char text[VSY_ERROR_TEXTLEN];
-        tab->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorFormat(text, "nument= %d", nument);
-        vsy_ErrorMessage("vsy_IntHashDef", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&tab->ierr, "vsy_IntHashDef", SYS_ERROR_MEMORY, "nument= %d", nument);
         return;
     }
     if (tab->slots) vsy_Free(tab->slots);
@@ -118,10 +115,7 @@ void vsy_IntHashInsert(vsy_IntHash* tab, int key, int value)
         return;
     }
     if (value == tab->empty) {
-        char text[VSY_ERROR_TEXTLEN];
-        tab->ierr = SYS_ERROR_VALUE;
-        vsy_ErrorFormat(text, "key= %d, value= %d", key, value);
-        vsy_ErrorMessage("vsy_IntHashInsert", SYS_ERROR_VALUE, text);
+        vsy_ErrorRecord(&tab->ierr, "vsy_IntHashInsert", SYS_ERROR_VALUE, "key= %d, value= %d", key, value);
         return;
     }
     if (!tab->slots) {
@@ -147,10 +141,7 @@ void vsy_IntHashInsert(vsy_IntHash* tab, int key, int value)
         }
         if (++s == size) s = 0;
     }
-    char text[VSY_ERROR_TEXTLEN];
-    tab->ierr = SYS_ERROR_COMPUTE;
-    vsy_ErrorFormat(text, "key= %d", key);
-    vsy_ErrorMessage("vsy_IntHashInsert", SYS_ERROR_COMPUTE, text);
+    vsy_ErrorRecord(&tab->ierr, "vsy_IntHashInsert", SYS_ERROR_COMPUTE, "key= %d", key);
 }
 
 void vsy_IntHashGet(vsy_IntHash* tab, int key, int* value)

@@ -10,14 +10,6 @@
 
 #include <climits>
 
-static void vsy_IntVec_Report(vsy_IntVec* vec, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    vec->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static void vsy_IntVec_Fill(int* data, int from, int to, int value)
 {
     for (int i = from; i < to; ++i) data[i] = value;
@@ -61,7 +53,7 @@ void vsy_IntVecSetParami(vsy_IntVec* vec, int type, int param)
         return;
     }
     if (type != VSY_INTVEC_INDEXZERO) {
-        vsy_IntVec_Report(vec, "vsy_IntVecSetParami", SYS_ERROR_ENUM, "type= %d", type);
+        vsy_ErrorRecord(&vec->ierr, "vsy_IntVecSetParami", SYS_ERROR_ENUM, "type= %d", type);
         return;
     }
     vec->low = (param == 1) ? 0 : 1;
@@ -74,7 +66,7 @@ void vsy_IntVecDef(vsy_IntVec* vec, int n)
         return;
     }
     if (n < 0 || n == INT_MAX) {
-        vsy_IntVec_Report(vec, "vsy_IntVecDef", SYS_ERROR_VALUE, "nument= %d", n);
+        vsy_ErrorRecord(&vec->ierr, "vsy_IntVecDef", SYS_ERROR_VALUE, "nument= %d", n);
         return;
     }
     if (vec->data) vsy_Free(vec->data);
@@ -117,7 +109,7 @@ void vsy_IntVecSet(vsy_IntVec* vec, int idx, int value)
         return;
     }
     if (idx < vec->low) {
-        vsy_IntVec_Report(vec, "vsy_IntVecSet", SYS_ERROR_VALUE, "idx= %d", idx);
+        vsy_ErrorRecord(&vec->ierr, "vsy_IntVecSet", SYS_ERROR_VALUE, "idx= %d", idx);
         return;
     }
     if (!vec->data) {

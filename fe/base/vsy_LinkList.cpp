@@ -23,14 +23,6 @@ static vsy_LinkListNode* vsy_LinkList_Node(const vsy_LinkList* list, int i)
     return (vsy_LinkListNode*)(list->nodes + (size_t)i * (size_t)list->stride);
 }
 
-static void vsy_LinkList_Report(vsy_LinkList* list, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    list->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 vsy_LinkList* vsy_LinkListNew(void)
 {
     vsy_LinkList* list = (vsy_LinkList*)vsy_Malloc(sizeof(vsy_LinkList));
@@ -78,11 +70,11 @@ void vsy_LinkListDef(vsy_LinkList* list, int len, int nbytes)
         return;
     }
     if (len < 0 || len > INT_MAX - 2) {
-        vsy_LinkList_Report(list, "vsy_LinkListDef", SYS_ERROR_VALUE, "len= %d", len);
+        vsy_ErrorRecord(&list->ierr, "vsy_LinkListDef", SYS_ERROR_VALUE, "len= %d", len);
         return;
     }
     if (nbytes < 0 || nbytes > INT_MAX / 2) {
-        vsy_LinkList_Report(list, "vsy_LinkListDef", SYS_ERROR_VALUE, "nbytes= %d", nbytes);
+        vsy_ErrorRecord(&list->ierr, "vsy_LinkListDef", SYS_ERROR_VALUE, "nbytes= %d", nbytes);
         return;
     }
     if (len == 0) len = 16;
@@ -183,7 +175,7 @@ void vsy_LinkListRemove(vsy_LinkList* list, int index)
         return;
     }
     if (!list->nodes || index < 1 || index > list->len || !vsy_LinkList_Node(list, index)->inuse) {
-        vsy_LinkList_Report(list, "vsy_LinkListRemove", SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&list->ierr, "vsy_LinkListRemove", SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     vsy_LinkListNode* node = vsy_LinkList_Node(list, index);

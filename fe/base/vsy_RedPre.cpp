@@ -16,12 +16,6 @@ enum { PACK_OK, PACK_RANGE, PACK_NAN };
 
 static const char* const vsy_RedPre_NotDefined = "Def not called or extent not set";
 
-static void vsy_RedPre_Fail(vsy_RedPre* red, const char* name, int ierr, const char* text)
-{
-    red->ierr = ierr;
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 static int vsy_RedPre_Ready(vsy_RedPre* red, const char* name)
 {
     if (!red) {
@@ -29,7 +23,7 @@ static int vsy_RedPre_Ready(vsy_RedPre* red, const char* name)
         return 0;
     }
     if (red->type <= 0) {
-        vsy_RedPre_Fail(red, name, SYS_ERROR_OPERATION, vsy_RedPre_NotDefined);
+        vsy_ErrorRecord(&red->ierr, name, SYS_ERROR_OPERATION, "%s", vsy_RedPre_NotDefined);
         return 0;
     }
     return 1;
@@ -89,9 +83,7 @@ void vsy_RedPreDef(vsy_RedPre* red, int type)
     }
     if (type != SYS_PRECISION_FLOAT && type != SYS_PRECISION_BYTE && type != SYS_PRECISION_DOUBLE &&
         type != SYS_PRECISION_SHORT && type != SYS_PRECISION_HALF && type != SYS_PRECISION_UNITBYTE) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "type= %d", type);
-        vsy_RedPre_Fail(red, "vsy_RedPreDef", SYS_ERROR_ENUM, text);
+        vsy_ErrorRecord(&red->ierr, "vsy_RedPreDef", SYS_ERROR_ENUM, "type= %d", type);
         return;
     }
     red->deftype = type;
@@ -105,9 +97,7 @@ void vsy_RedPreExtent(vsy_RedPre* red, double min, double max)
         return;
     }
     if (!(min <= max) || !std::isfinite(min) || !std::isfinite(max)) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "iparam= %d", 0);
-        vsy_RedPre_Fail(red, "vsy_RedPreExtent", SYS_ERROR_VALUE, text);
+        vsy_ErrorRecord(&red->ierr, "vsy_RedPreExtent", SYS_ERROR_VALUE, "iparam= %d", 0);
         return;
     }
     red->min = min;
@@ -198,13 +188,11 @@ static int vsy_RedPre_Pack(vsy_RedPre* red, float* a, double exact, int i, void*
 
 static void vsy_RedPre_ReportPack(vsy_RedPre* red, const char* name, int status, int i, double a)
 {
-    char text[VSY_ERROR_TEXTLEN];
     if (status == PACK_NAN) {
-        vsy_RedPre_Fail(red, name, SYS_ERROR_VALUE, "Nan detected\n");
+        vsy_ErrorRecord(&red->ierr, name, SYS_ERROR_VALUE, "Nan detected\n");
         return;
     }
-    vsy_ErrorFormat(text, "a[%d]= %e\n", i, a);
-    vsy_RedPre_Fail(red, name, SYS_ERROR_OVERFLOW, text);
+    vsy_ErrorRecord(&red->ierr, name, SYS_ERROR_OVERFLOW, "a[%d]= %e\n", i, a);
 }
 
 void vsy_RedPreLoad(vsy_RedPre* red, int n, float* values, void* compact)

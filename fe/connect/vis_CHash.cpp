@@ -11,10 +11,7 @@ static int vis_CHash_Check(vis_CHash* chash, const char* name, int index, int no
         return 0;
     }
     if (index >= 1 && no >= 1) return 1;
-    char text[VSY_ERROR_TEXTLEN];
-    chash->ierr = SYS_ERROR_VALUE;
-    vsy_ErrorFormat(text, "index= %d, no= %d", index, no);
-    vsy_ErrorMessage(name, SYS_ERROR_VALUE, text);
+    vsy_ErrorRecord(&chash->ierr, name, SYS_ERROR_VALUE, "index= %d, no= %d", index, no);
     return 0;
 }
 
@@ -88,10 +85,7 @@ static int vis_CHash_Append(vis_CHash* chash, const char* name, int index, int n
             return 1;
         }
     }
-    char text[VSY_ERROR_TEXTLEN];
-    chash->ierr = SYS_ERROR_MEMORY;
-    vsy_ErrorFormat(text, "index= %d, no= %d", index, no);
-    vsy_ErrorMessage(name, SYS_ERROR_MEMORY, text);
+    vsy_ErrorRecord(&chash->ierr, name, SYS_ERROR_MEMORY, "index= %d, no= %d", index, no);
     return 0;
 }
 

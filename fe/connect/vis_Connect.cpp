@@ -29,23 +29,6 @@
 /* ---------------------------------------------------------------------------------------- */
 /* Reports */
 
-static void vis_Connect_Report(vis_Connect* c, const char* name, int ierr, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    c->ierr = ierr;
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
-static void vis_Connect_Report2(vis_Connect* c, const char* name, int ierr, const char* format, int a,
-                                int b)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    c->ierr = ierr;
-    vsy_ErrorFormat(text, format, a, b);
-    vsy_ErrorMessage(name, ierr, text);
-}
-
 /* Range reports of the hot paths: the code is reported, `ierr` stays as it is. */
 static void vis_Connect_Range(const char* name, const char* format, int arg)
 {
@@ -343,12 +326,12 @@ static int vis_Connect_Reserve(vis_Connect* c, const char* name, int id, int num
 {
     int chunk = (id - 1) >> VIS_CONNECT_ELEMSHIFT;
     if (!vis_Connect_ChunkSlots(c, chunk)) {
-        vis_Connect_Report(c, name, SYS_ERROR_MEMORY, "id= %d", id);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "id= %d", id);
         return 0;
     }
     int used = c->chunkused[chunk];
     if ((int64_t)used + num > VSY_GROW_MAXCAP) {
-        vis_Connect_Report(c, name, SYS_ERROR_MEMORY, "id= %d", id);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "id= %d", id);
         return 0;
     }
     if (!c->elnode[chunk] || used + num > c->chunkcap[chunk]) {
@@ -439,7 +422,7 @@ void vis_ConnectPre(vis_Connect* c, int type)
     if (vis_Connect_Null(c, "vis_ConnectPre")) return;
     if (type != SYS_PRECISION_FLOAT && type != SYS_PRECISION_DOUBLE && type != SYS_PRECISION_SHORT &&
         type != SYS_PRECISION_HALF) {
-        vis_Connect_Report(c, "vis_ConnectPre", SYS_ERROR_ENUM, "type= %d", type);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectPre", SYS_ERROR_ENUM, "type= %d", type);
         return;
     }
     if (c->numcoordchunk > 0 && type != c->type) {
@@ -454,7 +437,7 @@ void vis_ConnectMode(vis_Connect* c, int mode)
 {
     if (vis_Connect_Null(c, "vis_ConnectMode")) return;
     if (mode != 0 && mode != 1) {
-        vis_Connect_Report(c, "vis_ConnectMode", SYS_ERROR_ENUM, "type= %d", mode);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectMode", SYS_ERROR_ENUM, "type= %d", mode);
         return;
     }
     if (c->numelem > 0 && mode != c->mode) {
@@ -469,11 +452,11 @@ void vis_ConnectDef(vis_Connect* c, int numnode, int numelem)
 {
     if (vis_Connect_Null(c, "vis_ConnectDef")) return;
     if (numnode < 0 || numnode >= VSY_GROW_MAXCAP) {
-        vis_Connect_Report(c, "vis_ConnectDef", SYS_ERROR_VALUE, "nument= %d", numnode);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectDef", SYS_ERROR_VALUE, "nument= %d", numnode);
         return;
     }
     if (numelem < 0 || numelem >= VSY_GROW_MAXCAP) {
-        vis_Connect_Report(c, "vis_ConnectDef", SYS_ERROR_VALUE, "nument= %d", numelem);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectDef", SYS_ERROR_VALUE, "nument= %d", numelem);
         return;
     }
     vis_Connect_FreeData(c);
@@ -481,7 +464,7 @@ void vis_ConnectDef(vis_Connect* c, int numnode, int numelem)
     c->numnode = numnode;
     if (!vis_Connect_Topology_Grow(c, numelem)) {
         vis_Connect_FreeData(c);
-        vis_Connect_Report(c, "vis_ConnectDef", SYS_ERROR_MEMORY, "nument= %d", numelem);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectDef", SYS_ERROR_MEMORY, "nument= %d", numelem);
         return;
     }
     if (c->mode == 1) {
@@ -492,7 +475,7 @@ void vis_ConnectDef(vis_Connect* c, int numnode, int numelem)
         if (!c->elemlists || !c->nodelists || vsy_ChunkListError(c->elemlists) ||
             vsy_ChunkListError(c->nodelists)) {
             vis_Connect_FreeData(c);
-            vis_Connect_Report(c, "vis_ConnectDef", SYS_ERROR_MEMORY, "nument= %d", numelem);
+            vsy_ErrorRecord(&c->ierr, "vis_ConnectDef", SYS_ERROR_MEMORY, "nument= %d", numelem);
             return;
         }
     }
@@ -504,7 +487,7 @@ static void vis_Connect_Extent(vis_Connect* c, const char* name, const double* e
     if (vis_Connect_Null(c, name)) return;
     for (int a = 0; a < 3; ++a) {
         if (!(e[a] <= e[a + 3]) || e[a] != e[a] || e[a + 3] - e[a] > 1e300) {
-            vis_Connect_Report(c, name, SYS_ERROR_VALUE, "iparam= %d", a);
+            vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "iparam= %d", a);
             return;
         }
     }
@@ -541,7 +524,7 @@ void vis_ConnectGenElem(vis_Connect* c, int n, int* first)
 {
     if (vis_Connect_Null(c, "vis_ConnectGenElem")) return;
     if (n < 0 || (int64_t)c->numelem + n >= VSY_GROW_MAXCAP) {
-        vis_Connect_Report(c, "vis_ConnectGenElem", SYS_ERROR_VALUE, "nument= %d", n);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectGenElem", SYS_ERROR_VALUE, "nument= %d", n);
         return;
     }
     int want = c->numelem + n;
@@ -569,7 +552,7 @@ void vis_ConnectGenNode(vis_Connect* c, int n, int* first)
 {
     if (vis_Connect_Null(c, "vis_ConnectGenNode")) return;
     if (n < 0 || (int64_t)c->numnode + n >= VSY_GROW_MAXCAP) {
-        vis_Connect_Report(c, "vis_ConnectGenNode", SYS_ERROR_VALUE, "nument= %d", n);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectGenNode", SYS_ERROR_VALUE, "nument= %d", n);
         return;
     }
     if (first) *first = c->numnode + 1;
@@ -630,7 +613,7 @@ static void vis_Connect_DynamicUnlink(vis_Connect* c, int id)
 static int vis_Connect_CheckElemId(vis_Connect* c, const char* name, int id)
 {
     if (id >= 1 && id <= c->numelem) return 1;
-    vis_Connect_Report(c, name, SYS_ERROR_VALUE, "id= %d", id);
+    vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "id= %d", id);
     return 0;
 }
 
@@ -639,7 +622,7 @@ void vis_ConnectSetTopology(vis_Connect* c, int id, int shape, int maxi, int max
     static const char* name = "vis_ConnectSetTopology";
     if (vis_Connect_Null(c, name) || !vis_Connect_CheckElemId(c, name, id)) return;
     if (shape < -1 || shape > SYS_SHAPE_POLYHED) {
-        vis_Connect_Report(c, name, SYS_ERROR_ENUM, "iparam= %d", shape);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "iparam= %d", shape);
         return;
     }
     int num = 0;
@@ -647,7 +630,7 @@ void vis_ConnectSetTopology(vis_Connect* c, int id, int shape, int maxi, int max
     /* maxk is stored in 16 bits, and the polyhedron index keeps list positions in 16 bits. */
     if (shape >= 0 && (num < 1 || maxk < SHRT_MIN || maxk > SHRT_MAX ||
                        (shape == SYS_SHAPE_POLYHED && maxi > SHRT_MAX))) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "iparam= %d", maxi);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "iparam= %d", maxi);
         return;
     }
     int old = c->numelemnode[id];
@@ -682,18 +665,18 @@ void vis_ConnectSetElemNode(vis_Connect* c, int id, const int* nodes)
     static const char* name = "vis_ConnectSetElemNode";
     if (vis_Connect_Null(c, name) || !vis_Connect_CheckElemId(c, name, id)) return;
     if (c->shape[id] == 255) {
-        vis_Connect_Report(c, name, SYS_ERROR_OPERATION, "Topology not set, id= %d", id);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_OPERATION, "Topology not set, id= %d", id);
         return;
     }
     int num = c->numelemnode[id];
     if (!nodes) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "nix= %d", num);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "nix= %d", num);
         return;
     }
     int top = 0;
     for (int k = 0; k < num; ++k) {
         if (nodes[k] < 1 || (!c->autonode && nodes[k] > c->numnode)) {
-            vis_Connect_Report2(c, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, nodes[k]);
+            vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, nodes[k]);
             return;
         }
         if (nodes[k] > top) top = nodes[k];
@@ -793,11 +776,11 @@ static void vis_Connect_StoreCoords(vis_Connect* c, const char* name, int id, co
 {
     if (vis_Connect_Null(c, name)) return;
     if (id < 1 || (!c->autonode && id > c->numnode)) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "id= %d", id);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     if (!x) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "nix= %d", 0);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "nix= %d", 0);
         return;
     }
     if (c->type == SYS_PRECISION_SHORT && !c->extset) {
@@ -807,7 +790,7 @@ static void vis_Connect_StoreCoords(vis_Connect* c, const char* name, int id, co
     }
     void* p = vis_Connect_CoordMake(c, id);
     if (!p) {
-        vis_Connect_Report(c, name, SYS_ERROR_MEMORY, "id= %d", id);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "id= %d", id);
         return;
     }
     double v[3] = {x[0], x[1], x[2]};
@@ -900,13 +883,13 @@ static void vis_Connect_ReadNodef(vis_Connect* c, int id, float* x)
 static int vis_Connect_CheckIds(vis_Connect* c, const char* name, int nix, const int* ix, int store)
 {
     if (nix < 1 || !ix) {
-        if (store) vis_Connect_Report(c, name, SYS_ERROR_VALUE, "nix= %d", nix);
+        if (store) vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "nix= %d", nix);
         else vis_Connect_Range(name, "nix= %d", nix);
         return 0;
     }
     for (int k = 0; k < nix; ++k) {
         if (ix[k] < 1 || ix[k] > c->numnode) {
-            if (store) vis_Connect_Report2(c, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, ix[k]);
+            if (store) vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, ix[k]);
             else vis_Connect_Range2(name, "ix[%d]= %d", k, ix[k]);
             return 0;
         }
@@ -940,7 +923,7 @@ void vis_ConnectDelNode(vis_Connect* c, int id)
 {
     if (vis_Connect_Null(c, "vis_ConnectDelNode")) return;
     if (id < 1 || id > c->numnode) {
-        vis_Connect_Report(c, "vis_ConnectDelNode", SYS_ERROR_VALUE, "id= %d", id);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectDelNode", SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     if (id <= c->numcoord) {
@@ -963,7 +946,7 @@ void vis_ConnectSetObject(vis_Connect* c, int objtype, void* object)
 {
     if (vis_Connect_Null(c, "vis_ConnectSetObject")) return;
     if (objtype != SYS_GRIDFUN) {
-        vis_Connect_Report(c, "vis_ConnectSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
         return;
     }
     c->gridfun = (vis_GridFun*)object;
@@ -974,7 +957,7 @@ void vis_ConnectGetObject(vis_Connect* c, int objtype, void** object)
     if (vis_Connect_Null(c, "vis_ConnectGetObject")) return;
     if (object) *object = nullptr;
     if (objtype != SYS_GRIDFUN) {
-        vis_Connect_Report(c, "vis_ConnectGetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectGetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
         return;
     }
     if (object) *object = c->gridfun;
@@ -988,7 +971,7 @@ void vis_ConnectSetParami(vis_Connect* c, int option, int value)
     case VIS_CONNECT_HEADERFLAG: c->headerflag = value; break;
     case VIS_CONNECT_COORDSHIFT:
         if (value < 4 || value > 24) {
-            vis_Connect_Report(c, "vis_ConnectSetParami", SYS_ERROR_VALUE, "iparam= %d", value);
+            vsy_ErrorRecord(&c->ierr, "vis_ConnectSetParami", SYS_ERROR_VALUE, "iparam= %d", value);
             return;
         }
         if (c->numcoordchunk > 0) {
@@ -999,7 +982,7 @@ void vis_ConnectSetParami(vis_Connect* c, int option, int value)
         c->coordshift = value;
         c->coordchunk = 1 << value;
         break;
-    default: vis_Connect_Report(c, "vis_ConnectSetParami", SYS_ERROR_ENUM, "type= %d", option); break;
+    default: vsy_ErrorRecord(&c->ierr, "vis_ConnectSetParami", SYS_ERROR_ENUM, "type= %d", option); break;
     }
 }
 
@@ -1007,7 +990,7 @@ void vis_ConnectSetDimension(vis_Connect* c, int dimension)
 {
     if (vis_Connect_Null(c, "vis_ConnectSetDimension")) return;
     if (dimension < 0 || dimension > 3) {
-        vis_Connect_Report(c, "vis_ConnectSetDimension", SYS_ERROR_VALUE, "iparam= %d", dimension);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetDimension", SYS_ERROR_VALUE, "iparam= %d", dimension);
         return;
     }
     c->dimension = dimension;
@@ -1037,7 +1020,7 @@ void vis_ConnectSetPartName(vis_Connect* c, int id, const char* name)
     }
     size_t len = strlen(name);
     if (len > VIS_CONNECT_NAMELEN) {
-        vis_Connect_Report(c, "vis_ConnectSetPartName", SYS_ERROR_VALUE, "len= %d",
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetPartName", SYS_ERROR_VALUE, "len= %d",
                            len > INT_MAX ? INT_MAX : (int)len);
         return;
     }
@@ -1073,7 +1056,7 @@ void vis_ConnectSetPartIJK(vis_Connect* c, int id, int i, int j, int k)
 {
     if (vis_Connect_Null(c, "vis_ConnectSetPartIJK")) return;
     if (i < 0 || j < 0 || k < 0) {
-        vis_Connect_Report(c, "vis_ConnectSetPartIJK", SYS_ERROR_VALUE, "iparam= %d", i < 0 ? i : j < 0 ? j : k);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetPartIJK", SYS_ERROR_VALUE, "iparam= %d", i < 0 ? i : j < 0 ? j : k);
         return;
     }
     void* v = nullptr;
@@ -1083,7 +1066,7 @@ void vis_ConnectSetPartIJK(vis_Connect* c, int id, int i, int j, int k)
         rec = (int*)vsy_Malloc(3 * sizeof(int));
         if (!rec || !vis_Connect_Table(&c->partijk)) {
             vsy_Free(rec);
-            vis_Connect_Report(c, "vis_ConnectSetPartIJK", SYS_ERROR_MEMORY, "id= %d", id);
+            vsy_ErrorRecord(&c->ierr, "vis_ConnectSetPartIJK", SYS_ERROR_MEMORY, "id= %d", id);
             return;
         }
         vsy_HashTableInsert(c->partijk, id, rec);
@@ -1342,7 +1325,7 @@ void vis_ConnectExtentdv(vis_Connect* c, vis_Group* group, double extent[6])
 static int vis_Connect_CheckType(vis_Connect* c, const char* name, int type)
 {
     if (type >= 0 && type <= VIS_CONNECT_MAXASSOC) return 1;
-    vis_Connect_Report(c, name, SYS_ERROR_ENUM, "type= %d", type);
+    vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "type= %d", type);
     return 0;
 }
 
@@ -1400,7 +1383,7 @@ static void vis_Connect_NumAssoc(vis_Connect* c, const char* name, vis_Assoc** t
 {
     if (vis_Connect_Null(c, name) || !vis_Connect_CheckType(c, name, type)) return;
     if (index < 1) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (!num) return;
@@ -1413,7 +1396,7 @@ static void vis_Connect_AllAssoc(vis_Connect* c, const char* name, vis_Assoc** t
 {
     if (vis_Connect_Null(c, name) || !vis_Connect_CheckType(c, name, type)) return;
     if (index < 1) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (!num || !values) return;
@@ -1458,14 +1441,14 @@ static void vis_Connect_PutAssoc(vis_Connect* c, const char* name, vis_Assoc** t
 {
     if (vis_Connect_Null(c, name) || !vis_Connect_CheckType(c, name, type)) return;
     if (index < 1) {
-        vis_Connect_Report(c, name, SYS_ERROR_VALUE, "index= %d", index);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (node && type == VIS_ASSOC_USERID) value += 1;
     if (!table[type]) {
         table[type] = vis_AssocNew();
         if (!table[type]) {
-            vis_Connect_Report(c, name, SYS_ERROR_MEMORY, "index= %d", index);
+            vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "index= %d", index);
             return;
         }
     }
@@ -1477,7 +1460,7 @@ static void vis_Connect_PutAssoc(vis_Connect* c, const char* name, vis_Assoc** t
             int buf[64];
             int* all = num <= 64 ? buf : (int*)vsy_Malloc((size_t)num * sizeof(int));
             if (!all) {
-                vis_Connect_Report(c, name, SYS_ERROR_MEMORY, "index= %d", index);
+                vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "index= %d", index);
                 return;
             }
             vis_AssocAll(a, index, &num, all);
@@ -1564,7 +1547,7 @@ static vis_CHash** vis_Connect_EntTable(vis_Connect* c, const char* name, int ty
     if (!vis_Connect_CheckType(c, name, type)) return nullptr;
     if (enttype == SYS_EDGE) return &c->edgeassoc[type];
     if (enttype == SYS_FACE) return &c->faceassoc[type];
-    vis_Connect_Report(c, name, SYS_ERROR_ENUM, "enttype= %d", enttype);
+    vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "enttype= %d", enttype);
     return nullptr;
 }
 
@@ -1597,13 +1580,13 @@ static void vis_Connect_PutEnt(vis_Connect* c, const char* name, int type, int e
     vis_CHash** h = vis_Connect_EntTable(c, name, type, enttype);
     if (!h) return;
     if (id < 1 || no < 1) {
-        vis_Connect_Report2(c, name, SYS_ERROR_VALUE, "index= %d, no= %d", id, no);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "index= %d, no= %d", id, no);
         return;
     }
     if (!*h) {
         *h = vis_CHashNew();
         if (!*h) {
-            vis_Connect_Report2(c, name, SYS_ERROR_MEMORY, "index= %d, no= %d", id, no);
+            vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "index= %d, no= %d", id, no);
             return;
         }
     }
