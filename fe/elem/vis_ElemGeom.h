@@ -23,8 +23,10 @@ void vis_ElemMidsidedv(int shape, int maxi, int maxj, int maxk, int components, 
  *     vanishes (a collapsed node), at the point moved by the factor 0.999 towards the centre
  *     of the natural system;
  *   polygon: the area normal of its corners at every node;
- *   line: a unit vector perpendicular to the first non-zero of (last - first node) and
- *     (second - first node): its cross product with (1, 0, 0), or with (0, 1, 0) when the
+ *   line: a unit vector perpendicular to the first non-zero of (second end - first end) and
+ *     (next node along the line - first end), the ends and the order along the line being
+ *     those of its edge (a serendipity line lists its ends first, then its interior nodes):
+ *     its cross product with (1, 0, 0), or with (0, 1, 0) when the
  *     direction's first component reaches 0.9 in magnitude; (1, 0, 0) for a line of zero
  *     length.
  * Nodes where no normal exists get (0, 0, 0). The right-hand rule over the node order gives

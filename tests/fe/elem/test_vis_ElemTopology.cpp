@@ -3,6 +3,8 @@
 // coordinates in the documented node order.
 #include "vis_ElemTopology.h"
 
+#include "vis_ElemShape.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -1067,6 +1069,67 @@ TEST(ElemTopology, EveryFormAgainstReferenceElement)
     // (3, 7, 9, 13, 17, 19, 25).
     const int expected[8] = {0, 432, 1008, 864, 1872, 1768, 1444, 1300};
     for (int s = SYS_SHAPE_LINE; s <= SYS_SHAPE_HEX; s++) EXPECT_EQ(valid[s], expected[s]) << s;
+}
+
+// Every face of every Lagrange form (low maxj not 0), with and without masks, read through the
+// natural coordinates of the element's nodes: the face list covers exactly the nodes on the
+// face; its first entries are the face's corners in the table's order; then come, face edge
+// by face edge, the interior nodes of that edge, each run moving away from the face corner the
+// edge starts at; what is left lies inside the face.
+void CheckLagrangeFaceList(int s, int i, int j, int k, int f, const std::vector<V3>& x)
+{
+    std::vector<V3> q;
+    for (int v : kFaceTable[s][f]) q.push_back(kNatural[s][v]);
+    std::vector<int> nodes = FaceNodes(s, i, j, k, f);
+    ASSERT_TRUE(InRange(nodes, (int)x.size()));
+    int on = 0;
+    for (V3 p : x) on += OnFace(p, q);
+    EXPECT_EQ(on, (int)nodes.size());
+    for (int p : nodes) EXPECT_TRUE(OnFace(x[p], q)) << "node " << p << " at " << Str(x[p]);
+    size_t t = 0;
+    for (size_t v = 0; v < q.size() && t < nodes.size(); v++, t++)
+        EXPECT_TRUE(Near(x[nodes[t]], q[v])) << "corner " << v;
+    for (size_t v = 0; v < q.size(); v++) {
+        int e = kFaceEdgeTable[s][f][v];
+        V3 a = q[v], b = q[(v + 1) % q.size()];
+        double last = 0;
+        for (int n = EdgeTopo(s, i, j, k, e) - 2; n > 0 && t < nodes.size(); n--, t++) {
+            V3 p = x[nodes[t]];
+            EXPECT_TRUE(Inside(p, a, b)) << "face edge " << v << " node " << Str(p);
+            EXPECT_GT(Len(p - a), last + 1e-9) << "face edge " << v << " runs backwards";
+            last = Len(p - a);
+        }
+    }
+    for (; t < nodes.size(); t++) {
+        V3 p = x[nodes[t]];
+        for (size_t v = 0; v < q.size(); v++)
+            EXPECT_FALSE(Near(p, q[v]) || Inside(p, q[v], q[(v + 1) % q.size()]))
+                << "interior node " << Str(p) << " on the boundary";
+    }
+}
+
+TEST(ElemTopology, LagrangeFaceListsFollowTheirFaces)
+{
+    int faces = 0;
+    for (int s = SYS_SHAPE_TRI; s <= SYS_SHAPE_HEX; s++)
+        for (int i = 2; i <= 4; i++)
+            for (int j = 1; j <= 4; j++)
+                for (int k = 0; k <= 4; k++)
+                    for (int m : MaskSet(s)) {
+                        int mj = j | Mask(m), num = Num(s, i, mj, k);
+                        if (num == 0) continue;
+                        SCOPED_TRACE(Tuple(s, i, mj, k));
+                        std::vector<double> nat(3 * num);
+                        vis_ElemNodeNaturaldv(s, i, mj, k, nat.data());
+                        std::vector<V3> x;
+                        for (int p = 0; p < num; p++) x.push_back({nat[3 * p], nat[3 * p + 1], nat[3 * p + 2]});
+                        for (int f = 0; f < kFaces[s]; f++, faces++) {
+                            SCOPED_TRACE("face " + std::to_string(f));
+                            CheckLagrangeFaceList(s, i, mj, k, f, x);
+                            if (HasFailure()) return;
+                        }
+                    }
+    EXPECT_GT(faces, 1000);
 }
 
 TEST(ElemTopology, Polygon)
