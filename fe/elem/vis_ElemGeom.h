@@ -8,10 +8,13 @@
 /* Fills the higher-order nodes of `data` (components values per node, node order of the tuple)
  * from its corner values by linear interpolation in the natural coordinates of the element.
  * Does nothing for points, polygons and polyhedra, and for maxi 0 or 2. The serendipity
- * tuples of maxi 3 take a quick path (each mid node the mean of its edge's corners); every
- * other tuple evaluates the linear functions of its shape at the natural coordinates of each
- * node that is not a corner. A field that is linear in the natural coordinates is reproduced
- * exactly at every node. */
+ * tuples of maxi 3 without a mask take a quick path (each mid node the mean of its edge's
+ * corners); every other tuple evaluates the linear functions of its shape (those of maxi 2) at
+ * the natural coordinates of each node that is not a corner, a line (1 - r) / 2 and
+ * (1 + r) / 2 between its ends. A field that is linear in the natural coordinates is thus
+ * reproduced at every node, except on pyramids: their linear functions
+ * (1 +- r)(1 +- s)(1 - t) / 8 and (1 + t) / 2 reproduce constants and t, but r and s only on
+ * the base, so a node off the base takes a weighted sum of all five corners. */
 void vis_ElemMidside(int shape, int maxi, int maxj, int maxk, int components, float* data);
 void vis_ElemMidsidedv(int shape, int maxi, int maxj, int maxk, int components, double* data);
 

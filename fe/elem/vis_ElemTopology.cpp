@@ -1,16 +1,11 @@
 /* vis_ElemTopology: node counts and node lists of corners, edges and faces, computed from the
  * topology tuple alone.
  *
- * Every query first turns the tuple into an ElemForm: which of the node layouts it is, the node
- * counts along its directions, and its edge mask. The lists are then built for the unmasked
- * layout and renumbered: the interior nodes of masked edges are dropped and the positions after
- * them close up. Node layouts (see vis_ElemTopology.h for the tuple):
- *
- *   SER      corners, then i - 2 interior nodes per edge in edge order.
- *   SERAPEX  a serendipity base (triangle or quadrilateral), then the apex.
- *   LAYER    a serendipity base repeated k times, one layer after the other.
- *   LAG      a lattice in lexical order (see Lat_Pos).
- *   LAGAPEX  a lattice base (line, triangle or quadrilateral), then the apex.
+ * Every query first classifies the tuple (vis_ElemForm_Parse): which node layout it is, the
+ * node counts along its directions, and its edge mask. The lists are then built for the
+ * unmasked layout and renumbered by vis_ElemForm_Compact: the interior nodes of masked edges
+ * are dropped and the positions after them close up. The layouts are described in
+ * vis_ElemForm.h; lattice positions in Lat_Pos.
  *
  * The corner numbers, edges and faces of the shapes are the tables of vis_ElemTables.cpp.
  */
