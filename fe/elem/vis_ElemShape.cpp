@@ -485,6 +485,7 @@ int Eval(int shape, int maxi, int maxj, int maxk, const Dn<T>* X, Dn<T>* out)
 template <class T>
 void FoldEdge(const int* pos, int m, int doN, T* N, int dim, T* dN)
 {
+    if (m < 3) return;
     int a = pos[0], b = pos[m - 1];
     for (int t = 1; t < m - 1; t++) {
         T fb = T(t) / T(m - 1), fa = 1 - fb;
@@ -716,7 +717,8 @@ int TetLagNatural(int n, double* c)
     int m = 0;
     for (int tz = 0; tz < n; tz++)
         for (int b = 0; b < n - tz; b++)
-            for (int a = 0; a < n - tz - b; a++, m++) Put(c + 3 * m, Lattice(a, n), Lattice(b, n), Lattice(tz, n));
+            for (int a = 0; a < n - tz - b; a++, m++)
+                Put(c + 3 * m, Lattice(a, n), Lattice(b, n), Lattice(tz, n));
     return m;
 }
 

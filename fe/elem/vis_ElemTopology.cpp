@@ -23,8 +23,6 @@ enum {
     FACE_QUADTEN /* as FACE_RUNS, then the interior of a tensor grid of two edges */
 };
 
-typedef vis_ElemForm ElemForm;
-
 /* ---------------------------------------------------------------- counting helpers ---- */
 
 static const vis_ElemShapeDef* Def(int shape)
@@ -55,8 +53,12 @@ static int Lat_Pos(int lshape, const int n[3], const int L[3])
     case SYS_SHAPE_LINE: return L[0];
     case SYS_SHAPE_TRI: return TriRow(m, L[1]) + L[0];
     case SYS_SHAPE_QUAD: return L[0] + L[1] * n[0];
-    case SYS_SHAPE_TET: return vis_ElemForm_TetNum(m) - vis_ElemForm_TetNum(m - L[2]) + TriRow(m - L[2], L[1]) + L[0];
-    case SYS_SHAPE_PYR: return vis_ElemForm_SquareNum(m) - vis_ElemForm_SquareNum(m - L[2]) + L[1] * (m - L[2]) + L[0];
+    case SYS_SHAPE_TET:
+        return vis_ElemForm_TetNum(m) - vis_ElemForm_TetNum(m - L[2]) + TriRow(m - L[2], L[1]) +
+               L[0];
+    case SYS_SHAPE_PYR:
+        return vis_ElemForm_SquareNum(m) - vis_ElemForm_SquareNum(m - L[2]) +
+               L[1] * (m - L[2]) + L[0];
     case SYS_SHAPE_WED: return TriRow(m, L[1]) + L[0] + L[2] * vis_ElemForm_TriNum(m);
     case SYS_SHAPE_HEX: return L[0] + L[1] * n[0] + L[2] * n[0] * n[1];
     default: return 0;
@@ -90,17 +92,17 @@ static int Lat_Edge(int lshape, const int n[3], int a, int b, int* pos)
 /* -------------------------------------------------------------- unmasked lists ---- */
 
 /* Lattice shape of a lattice form, or of the base of a lattice apex form. */
-static int Form_LatShape(const ElemForm* f)
+static int Form_LatShape(const vis_ElemForm* f)
 {
     return f->form == VIS_ELEMFORM_LAG ? f->shape : f->baseshape;
 }
 
-static int Form_BaseCorners(const ElemForm* f)
+static int Form_BaseCorners(const vis_ElemForm* f)
 {
     return Def(f->baseshape)->numcorner;
 }
 
-static int Form_CornerPos(const ElemForm* f, int c)
+static int Form_CornerPos(const vis_ElemForm* f, int c)
 {
     int L[3];
     switch (f->form) {
@@ -132,7 +134,7 @@ static int Ser_Edge(int shape, int i, int e, int* pos)
 
 /* Edges of a layered form: base edges in the first layer, the same in the last layer, then
  * one edge through the layers from each base corner. */
-static int Layer_Edge(const ElemForm* f, int e, int* pos)
+static int Layer_Edge(const vis_ElemForm* f, int e, int* pos)
 {
     int nbe = Def(f->baseshape)->numedge;
     if (e < 2 * nbe) {
@@ -146,7 +148,7 @@ static int Layer_Edge(const ElemForm* f, int e, int* pos)
 }
 
 /* Edges of an apex form: base edges from the base, the others straight to the apex. */
-static int Apex_Edge(const ElemForm* f, int e, int* pos)
+static int Apex_Edge(const vis_ElemForm* f, int e, int* pos)
 {
     const int* ab = Def(f->shape)->edges[e];
     if (e < Def(f->baseshape)->numedge) {
@@ -158,7 +160,7 @@ static int Apex_Edge(const ElemForm* f, int e, int* pos)
     return 2;
 }
 
-static int Form_NumEdge(const ElemForm* f)
+static int Form_NumEdge(const vis_ElemForm* f)
 {
     switch (f->form) {
     case VIS_ELEMFORM_NONE:
@@ -170,7 +172,7 @@ static int Form_NumEdge(const ElemForm* f)
 }
 
 /* Unmasked positions of edge e (in range), from its first corner to its second. */
-static int Form_EdgeRaw(const ElemForm* f, int e, int* pos)
+static int Form_EdgeRaw(const vis_ElemForm* f, int e, int* pos)
 {
     switch (f->form) {
     case VIS_ELEMFORM_SER: return Ser_Edge(f->shape, f->i, e, pos);
@@ -188,13 +190,13 @@ static int Form_EdgeRaw(const ElemForm* f, int e, int* pos)
     }
 }
 
-static int Form_EdgeMasked(const ElemForm* f, int e)
+static int Form_EdgeMasked(const vis_ElemForm* f, int e)
 {
     return (f->mask >> e) & 1;
 }
 
 /* Nodes along edge e with the mask applied. */
-static int Form_EdgeCount(const ElemForm* f, int e)
+static int Form_EdgeCount(const vis_ElemForm* f, int e)
 {
     int pos[VIS_ELEM_MAXSIDE];
     int m = Form_EdgeRaw(f, e, pos);
@@ -203,7 +205,7 @@ static int Form_EdgeCount(const ElemForm* f, int e)
 
 /* How face `face` is read. Every face but a polygon's lists its corners, then the interior
  * runs of its edges; a face that is a lattice adds its interior nodes. */
-static int Form_FaceKind(const ElemForm* f, int face)
+static int Form_FaceKind(const vis_ElemForm* f, int face)
 {
     if (f->form == VIS_ELEMFORM_POLYGON) return face == 0 ? FACE_SELF : FACE_NONE;
     if (f->form == VIS_ELEMFORM_NONE || f->form == VIS_ELEMFORM_POINT ||
@@ -221,7 +223,7 @@ static int Form_FaceKind(const ElemForm* f, int face)
 }
 
 /* Unmasked positions of face edge fe, read in the face's direction of travel. */
-static int Form_FaceEdgeRun(const ElemForm* f, int face, int fe, int* pos)
+static int Form_FaceEdgeRun(const vis_ElemForm* f, int face, int fe, int* pos)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int e = d->faceedges[face][fe];
@@ -230,7 +232,7 @@ static int Form_FaceEdgeRun(const ElemForm* f, int face, int fe, int* pos)
     return m;
 }
 
-static int Face_Runs(const ElemForm* f, int face, int* pos)
+static int Face_Runs(const vis_ElemForm* f, int face, int* pos)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int nc = d->facesize[face], m = 0;
@@ -245,7 +247,7 @@ static int Face_Runs(const ElemForm* f, int face, int* pos)
 
 /* Interior nodes of a triangular lattice face, in the face's lexical order: first index from
  * face corner 0 towards corner 1, second towards corner 2. */
-static int Face_TriInterior(const ElemForm* f, int face, int* pos)
+static int Face_TriInterior(const vis_ElemForm* f, int face, int* pos)
 {
     int lshape = Form_LatShape(f), L[3][3], d1[3], d2[3], len = 0, m = 0;
     for (int c = 0; c < 3; c++) Lat_Corner(lshape, f->n, Def(f->shape)->faces[face][c], L[c]);
@@ -272,7 +274,7 @@ static int Face_TriInterior(const ElemForm* f, int face, int* pos)
 /* Interior nodes of a tensor face, in the face's lexical order: node (a, b) is the a-th node
  * from corner 0 towards corner 1 shifted by the b-th step from corner 0 towards corner 3.
  * Positions are additive along both directions in every form that has such a face. */
-static int Face_QuadInterior(const ElemForm* f, int face, int* pos)
+static int Face_QuadInterior(const vis_ElemForm* f, int face, int* pos)
 {
     int e01[VIS_ELEM_MAXSIDE], e03[VIS_ELEM_MAXSIDE], m = 0;
     int m1 = Form_FaceEdgeRun(f, face, 0, e01);
@@ -285,7 +287,7 @@ static int Face_QuadInterior(const ElemForm* f, int face, int* pos)
 
 /* Unmasked positions of a face: corners in the face table's order, the interior runs of the
  * face's edges in the face's order, then the face's interior nodes. */
-static int Form_FaceRaw(const ElemForm* f, int face, int* pos)
+static int Form_FaceRaw(const vis_ElemForm* f, int face, int* pos)
 {
     int kind = Form_FaceKind(f, face);
     if (kind == FACE_NONE || kind == FACE_SELF) return 0;
@@ -350,14 +352,14 @@ void vis_ElemDim(int shape, int* dim)
 
 void vis_ElemNum(int shape, int maxi, int maxj, int maxk, int* num)
 {
-    ElemForm f;
+    vis_ElemForm f;
     if (!num) return;
     *num = vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f) ? vis_ElemForm_Count(&f) : 0;
 }
 
 void vis_ElemCorners(int shape, int maxi, int maxj, int maxk, int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXCORNER], num;
     if (!positions || !vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
     if (f.form == VIS_ELEMFORM_POLYGON || f.form == VIS_ELEMFORM_POLYHED) {
@@ -420,7 +422,7 @@ void vis_ElemEdgeFaces(int shape, int edge, int* num, int* faces)
 
 void vis_ElemEdgeTopo(int shape, int maxi, int maxj, int maxk, int edge, int* maxiofedge)
 {
-    ElemForm f;
+    vis_ElemForm f;
     if (!maxiofedge) return;
     *maxiofedge = 0;
     if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
@@ -433,7 +435,7 @@ void vis_ElemEdgeTopo(int shape, int maxi, int maxj, int maxk, int edge, int* ma
 }
 
 /* Face mask bits of face edges masked in the element. */
-static int Face_MaskBits(const ElemForm* f, int face)
+static int Face_MaskBits(const vis_ElemForm* f, int face)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int bits = 0;
@@ -444,7 +446,7 @@ static int Face_MaskBits(const ElemForm* f, int face)
 
 /* Tuple of a serendipity-type face: the longest edge gives maxi, the shorter or masked edges
  * the face's mask. */
-static void Face_RunsTopo(const ElemForm* f, int face, int* fmaxi, int* fmaxj)
+static void Face_RunsTopo(const vis_ElemForm* f, int face, int* fmaxi, int* fmaxj)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int pos[VIS_ELEM_MAXSIDE], side = 2, bits = 0, nc = d->facesize[face];
@@ -461,7 +463,7 @@ static void Face_RunsTopo(const ElemForm* f, int face, int* fmaxi, int* fmaxj)
 void vis_ElemFaceTopo(int shape, int maxi, int maxj, int maxk, int face, int* faceshape,
                       int* facemaxi, int* facemaxj)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int fs = -1, fi = 0, fj = 0;
     int pos[VIS_ELEM_MAXSIDE];
     if (vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) {
@@ -494,7 +496,7 @@ void vis_ElemFaceTopo(int shape, int maxi, int maxj, int maxk, int face, int* fa
 void vis_ElemEdgeNodes(int shape, int maxi, int maxj, int maxk, int edge, int* num,
                        int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXSIDE];
     if (!num) return;
     *num = 0;
@@ -519,7 +521,7 @@ void vis_ElemEdgeCorners(int shape, int maxi, int maxj, int maxk, int edge, int*
 void vis_ElemFaceNodes(int shape, int maxi, int maxj, int maxk, int face, int* num,
                        int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXFACENODE];
     if (!num) return;
     *num = 0;
@@ -537,7 +539,7 @@ void vis_ElemFaceNodes(int shape, int maxi, int maxj, int maxk, int face, int* n
 void vis_ElemFaceCorners(int shape, int maxi, int maxj, int maxk, int face, int* num,
                          int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXCORNER];
     if (!num) return;
     *num = 0;

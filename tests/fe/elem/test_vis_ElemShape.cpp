@@ -385,7 +385,9 @@ TEST(ElemMidside, ReproducesALinearField)
         // The linear pyramid reproduces constants and t everywhere, but r and s only on its
         // base ((1 - t) / 2 scales them), so pyramids are checked with fields of t alone.
         double kr = t.shape == SYS_SHAPE_PYR ? 0 : 1;
-        auto f0 = [&](int p) { return 1.5 + kr * (2 * nat[3 * p] - 3 * nat[3 * p + 1]) + 0.5 * nat[3 * p + 2]; };
+        auto f0 = [&](int p) {
+            return 1.5 + kr * (2 * nat[3 * p] - 3 * nat[3 * p + 1]) + 0.5 * nat[3 * p + 2];
+        };
         auto f1 = [&](int p) { return -kr * nat[3 * p] + 4 * nat[3 * p + 2]; };
         int nc = 0, pos[VIS_ELEM_MAXCORNER];
         vis_ElemCornerCount(t.shape, 0, &nc);

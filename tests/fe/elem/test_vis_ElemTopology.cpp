@@ -1122,7 +1122,8 @@ TEST(ElemTopology, LagrangeFaceListsFollowTheirFaces)
                         std::vector<double> nat(3 * num);
                         vis_ElemNodeNaturaldv(s, i, mj, k, nat.data());
                         std::vector<V3> x;
-                        for (int p = 0; p < num; p++) x.push_back({nat[3 * p], nat[3 * p + 1], nat[3 * p + 2]});
+                        for (int p = 0; p < num; p++)
+                            x.push_back({nat[3 * p], nat[3 * p + 1], nat[3 * p + 2]});
                         for (int f = 0; f < kFaces[s]; f++, faces++) {
                             SCOPED_TRACE("face " + std::to_string(f));
                             CheckLagrangeFaceList(s, i, mj, k, f, x);
