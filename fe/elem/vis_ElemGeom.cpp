@@ -2,6 +2,7 @@
  * vis_ElemGeom.h. Everything is computed in double on local arrays. */
 #include "vis_ElemGeom.h"
 
+#include "vis_ElemForm.h"
 #include "vis_ElemShape.h"
 #include "vis_ElemTables.h"
 #include "vis_ElemTopology.h"
@@ -31,11 +32,12 @@ void Midside(int shape, int maxi, int maxj, int maxk, int components, T* data)
     if (!data || components < 1) return;
     if (shape == SYS_SHAPE_POINT || shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) return;
     if (shape < SYS_SHAPE_LINE || shape > SYS_SHAPE_HEX || maxi == 0 || maxi == 2) return;
-    int num = 0, nc = 0, j = maxj & 0xffff;
-    vis_ElemNum(shape, maxi, maxj, maxk, &num);
+    vis_ElemForm f;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
+    int num = vis_ElemForm_Count(&f), nc = 0;
     if (num <= 0 || num > VIS_ELEM_MAXNODE) return;
     const vis_ElemShapeDef* d = &vis_ElemShapeDefs[shape];
-    if (shape != SYS_SHAPE_LINE && maxi == 3 && j == 0 && maxk == 0 && (maxj >> 16) == 0) {
+    if (shape != SYS_SHAPE_LINE && f.form == VIS_ELEMFORM_SER && f.i == 3 && f.mask == 0) {
         /* Quick path: corners first, then one mid node per edge in edge order. */
         for (int e = 0; e < d->numedge; e++) {
             const T* a = data + components * d->edges[e][0];
@@ -136,11 +138,16 @@ int Tangents(int shape, int maxi, int maxj, const float* coords, const double* x
     return num;
 }
 
-void LineNormal(int num, const float* coords, float* normals)
+/* A line's direction is from its first end to its second, or, if they meet, from the first end
+ * to the next node along the line; the ends and the order come from the edge's node list. */
+void LineNormal(int maxi, int maxj, int num, const float* coords, float* normals)
 {
     double v[3], n[3] = {1, 0, 0};
-    Sub(coords, num - 1, 0, v);
-    if (!(Norm(v) > 0) && num > 1) Sub(coords, 1, 0, v);
+    int run[VIS_ELEM_MAXSIDE], m = 0;
+    vis_ElemEdgeNodes(SYS_SHAPE_LINE, maxi, maxj, 0, 0, &m, run);
+    if (m < 2) return;
+    Sub(coords, run[m - 1], run[0], v);
+    if (!(Norm(v) > 0) && m > 2) Sub(coords, run[1], run[0], v);
     if (Unit(v)) {
         ZeroTiny(v);
         double ref[3] = {0, 0, 0};
@@ -204,7 +211,7 @@ void vis_ElemNormal(int shape, int maxi, int maxj, const float* coords, float* n
     vis_ElemNum(shape, maxi, maxj, 0, &num);
     if (num <= 0 || num > VIS_ELEM_MAXNODE) return;
     if (shape == SYS_SHAPE_LINE) {
-        LineNormal(num, coords, normals);
+        LineNormal(maxi, maxj, num, coords, normals);
         return;
     }
     int j = maxj & 0xffff;

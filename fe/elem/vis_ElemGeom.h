@@ -8,10 +8,13 @@
 /* Fills the higher-order nodes of `data` (components values per node, node order of the tuple)
  * from its corner values by linear interpolation in the natural coordinates of the element.
  * Does nothing for points, polygons and polyhedra, and for maxi 0 or 2. The serendipity
- * tuples of maxi 3 take a quick path (each mid node the mean of its edge's corners); every
- * other tuple evaluates the linear functions of its shape at the natural coordinates of each
- * node that is not a corner. A field that is linear in the natural coordinates is reproduced
- * exactly at every node. */
+ * tuples of maxi 3 without a mask take a quick path (each mid node the mean of its edge's
+ * corners); every other tuple evaluates the linear functions of its shape (those of maxi 2) at
+ * the natural coordinates of each node that is not a corner, a line (1 - r) / 2 and
+ * (1 + r) / 2 between its ends. A field that is linear in the natural coordinates is thus
+ * reproduced at every node, except on pyramids: their linear functions
+ * (1 +- r)(1 +- s)(1 - t) / 8 and (1 + t) / 2 reproduce constants and t, but r and s only on
+ * the base, so a node off the base takes a weighted sum of all five corners. */
 void vis_ElemMidside(int shape, int maxi, int maxj, int maxk, int components, float* data);
 void vis_ElemMidsidedv(int shape, int maxi, int maxj, int maxk, int components, double* data);
 
@@ -23,8 +26,10 @@ void vis_ElemMidsidedv(int shape, int maxi, int maxj, int maxk, int components, 
  *     vanishes (a collapsed node), at the point moved by the factor 0.999 towards the centre
  *     of the natural system;
  *   polygon: the area normal of its corners at every node;
- *   line: a unit vector perpendicular to the first non-zero of (last - first node) and
- *     (second - first node): its cross product with (1, 0, 0), or with (0, 1, 0) when the
+ *   line: a unit vector perpendicular to the first non-zero of (second end - first end) and
+ *     (next node along the line - first end), the ends and the order along the line being
+ *     those of its edge (a serendipity line lists its ends first, then its interior nodes):
+ *     its cross product with (1, 0, 0), or with (0, 1, 0) when the
  *     direction's first component reaches 0.9 in magnitude; (1, 0, 0) for a line of zero
  *     length.
  * Nodes where no normal exists get (0, 0, 0). The right-hand rule over the node order gives

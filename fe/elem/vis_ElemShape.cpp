@@ -8,6 +8,7 @@
  */
 #include "vis_ElemShape.h"
 
+#include "vis_ElemForm.h"
 #include "vis_ElemTables.h"
 #include "vis_ElemTopology.h"
 
@@ -391,7 +392,7 @@ int PyrLayers(int n, int lagrange, const Dn<T>* X, Dn<T>* out)
     return 5 + 8 * (n - 2);
 }
 
-/* The polynomial linear pyramid, used for the plain linear tuple only. */
+/* The polynomial linear pyramid, the linear tuple (maxi 0 or 2) of the serendipity form. */
 template <class T>
 int PyrLinear(const Dn<T>* X, Dn<T>* out)
 {
@@ -402,102 +403,125 @@ int PyrLinear(const Dn<T>* X, Dn<T>* out)
     return 5;
 }
 
+/* Serendipity line: the ends, then the interior nodes in order along the line. */
+template <class T>
+int LineSer(int n, const Dn<T>& x, Dn<T>* out)
+{
+    Dn<T> L[VIS_ELEM_MAXSIDE];
+    Line(n, x, L);
+    out[0] = L[0];
+    out[1] = L[n - 1];
+    for (int t = 1; t < n - 1; t++) out[t + 1] = L[t];
+    return n;
+}
+
+/* The plane base of an apex or layered form. */
+int BaseKind(const vis_ElemForm* f)
+{
+    int lag = f->form == VIS_ELEMFORM_LAGAPEX || f->form == VIS_ELEMFORM_LAG;
+    switch (f->baseshape >= 0 ? f->baseshape : f->shape) {
+    case SYS_SHAPE_LINE: return BASE_LINE;
+    case SYS_SHAPE_TRI:
+    case SYS_SHAPE_TET:
+    case SYS_SHAPE_WED: return lag ? BASE_TRILAG : BASE_TRISER;
+    default: return lag ? BASE_QUADLAG : BASE_QUADSER;
+    }
+}
+
+/* Serendipity forms of the fixed shapes. */
+template <class T>
+int EvalSer(const vis_ElemForm* f, const Dn<T>* X, Dn<T>* out)
+{
+    int i = f->i;
+    switch (f->shape) {
+    case SYS_SHAPE_LINE: return LineSer(i, X[0], out);
+    case SYS_SHAPE_TRI: return SimplexSer(f->shape, 2, i, X, out);
+    case SYS_SHAPE_QUAD: return BoxSer(f->shape, 2, i, X, out);
+    case SYS_SHAPE_TET: return SimplexSer(f->shape, 3, i, X, out);
+    case SYS_SHAPE_PYR: return i == 2 ? PyrLinear(X, out) : PyrLayers(i, 0, X, out);
+    case SYS_SHAPE_WED: return WedSer(i, X, out);
+    default: return BoxSer(f->shape, 3, i, X, out);
+    }
+}
+
+/* Lattice forms in lexical order; wedges and hexahedra as their base in layers. */
+template <class T>
+int EvalLag(const vis_ElemForm* f, const Dn<T>* X, Dn<T>* out)
+{
+    const int* n = f->n;
+    switch (f->shape) {
+    case SYS_SHAPE_LINE: Line(n[0], X[0], out); return n[0];
+    case SYS_SHAPE_TRI: return SimplexLag(2, n[0], X, out);
+    case SYS_SHAPE_QUAD: return QuadLag(n[0], n[1], X[0], X[1], out);
+    case SYS_SHAPE_TET: return SimplexLag(3, n[0], X, out);
+    case SYS_SHAPE_PYR: return PyrLayers(n[0], 1, X, out);
+    default: return Layered(BaseKind(f), n[0], n[1], n[2], X, out);
+    }
+}
+
 /* Unmasked functions of a tuple at X; returns their count, 0 for no element. */
 template <class T>
 int Eval(int shape, int maxi, int maxj, int maxk, const Dn<T>* X, Dn<T>* out)
 {
-    int raw = 0;
-    int i = maxi ? maxi : 2, j = maxj & 0xffff, k = maxk;
+    vis_ElemForm f;
     if (shape < SYS_SHAPE_LINE || shape > SYS_SHAPE_HEX) return 0;
-    vis_ElemNum(shape, maxi, j, maxk, &raw);
-    if (raw <= 0 || raw > VIS_ELEM_MAXNODE) return 0;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f) || f.nraw > VIS_ELEM_MAXNODE) return 0;
     int m = 0;
-    switch (shape) {
-    case SYS_SHAPE_LINE: Line(i, X[0], out); m = i; break;
-    case SYS_SHAPE_TRI:
-        if (j == 0) m = SimplexSer(shape, 2, i, X, out);
-        else if (j == i) m = SimplexLag(2, i, X, out);
-        else m = Apex(shape, BASE_LINE, i, 0, X, out);
-        break;
-    case SYS_SHAPE_QUAD:
-        m = j == 0 ? BoxSer(shape, 2, i, X, out) : QuadLag(i, j, X[0], X[1], out);
-        break;
-    case SYS_SHAPE_TET:
-        if (j == 0 && k == 0) m = SimplexSer(shape, 3, i, X, out);
-        else if (j == 0) m = Apex(shape, BASE_TRISER, i, 0, X, out);
-        else if (j == k) m = SimplexLag(3, i, X, out);
-        else m = Apex(shape, BASE_TRILAG, i, 0, X, out);
-        break;
-    case SYS_SHAPE_PYR:
-        if (j == 0 && k == 0) m = maxi == 0 ? PyrLinear(X, out) : PyrLayers(i, 0, X, out);
-        else if (j == 0) m = Apex(shape, BASE_QUADSER, i, 0, X, out);
-        else if (j == k) m = PyrLayers(i, 1, X, out);
-        else m = Apex(shape, BASE_QUADLAG, i, j, X, out);
-        break;
-    case SYS_SHAPE_WED:
-        if (j == 0 && k == 0) m = WedSer(i, X, out);
-        else m = Layered(j == 0 ? BASE_TRISER : BASE_TRILAG, i, 0, k, X, out);
-        break;
-    default:
-        if (j == 0 && k == 0) m = BoxSer(shape, 3, i, X, out);
-        else m = Layered(j == 0 ? BASE_QUADSER : BASE_QUADLAG, i, j, k, X, out);
-        break;
+    switch (f.form) {
+    case VIS_ELEMFORM_SER: m = EvalSer(&f, X, out); break;
+    case VIS_ELEMFORM_LAG: m = EvalLag(&f, X, out); break;
+    case VIS_ELEMFORM_LAYER: m = Layered(BaseKind(&f), f.i, 0, f.k, X, out); break;
+    case VIS_ELEMFORM_SERAPEX:
+    case VIS_ELEMFORM_LAGAPEX: m = Apex(shape, BaseKind(&f), f.n[0], f.n[1], X, out); break;
+    default: break;
     }
-    return m == raw ? m : 0;
+    return m == f.nraw ? m : 0;
 }
 
 /* ------------------------------------------------------------------- mask ---- */
 
-int MaskBits(int shape, int maxj)
+/* Adds the functions of the interior nodes of edge run pos (m nodes) to its two ends, shared
+ * by distance so that the edge interpolates linearly. */
+template <class T>
+void FoldEdge(const int* pos, int m, int doN, T* N, int dim, T* dN)
 {
-    int ne = 0;
-    vis_ElemEdgeCount(shape, 0, &ne);
-    if (ne <= 0 || shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) return 0;
-    return (int)(((unsigned)maxj >> 16) & ((1u << ne) - 1u));
+    if (m < 3) return;
+    int a = pos[0], b = pos[m - 1];
+    for (int t = 1; t < m - 1; t++) {
+        T fb = T(t) / T(m - 1), fa = 1 - fb;
+        int p = pos[t];
+        if (doN) {
+            N[a] += fa * N[p];
+            N[b] += fb * N[p];
+        }
+        for (int c = 0; c < dim; c++) {
+            dN[dim * a + c] += fa * dN[dim * p + c];
+            dN[dim * b + c] += fb * dN[dim * p + c];
+        }
+    }
 }
 
-/* Positions that the mask removes, and the folding of their functions into the edge ends. */
+/* Folds the functions of the masked edges' interior nodes into the edge ends, then closes up. */
 template <class T>
 void Drop(int mode, int shape, int maxi, int maxj, int maxk, T* N, int dim, T* dN)
 {
-    int bits = MaskBits(shape, maxj);
-    if (!bits) return;
-    int raw = 0, j = maxj & 0xffff;
-    vis_ElemNum(shape, maxi, j, maxk, &raw);
-    if (raw <= 0 || raw > VIS_ELEM_MAXNODE) return;
+    vis_ElemForm f;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f) || f.mask == 0) return;
+    if (f.nraw > VIS_ELEM_MAXNODE) return;
     if (dim < 0) dim = 0;
     if (dim > 3) dim = 3;
-    char removed[VIS_ELEM_MAXNODE] = {0};
-    int doN = mode != VIS_SHAPE_DERIV && N, doD = mode != VIS_SHAPE_FUNC && dN && dim > 0;
-    for (int e = 0; bits >> e; e++) {
-        if (!((bits >> e) & 1)) continue;
+    int doN = mode != VIS_SHAPE_DERIV && N;
+    if (mode == VIS_SHAPE_FUNC || !dN) dim = 0;
+    for (int e = 0; f.mask >> e; e++) {
+        if (!((f.mask >> e) & 1)) continue;
         int pos[VIS_ELEM_MAXSIDE], m = 0;
-        vis_ElemEdgeNodes(shape, maxi, j, maxk, e, &m, pos);
-        if (m < 3) continue;
-        int a = pos[0], b = pos[m - 1];
-        for (int t = 1; t < m - 1; t++) {
-            T fb = T(t) / T(m - 1), fa = 1 - fb;
-            int p = pos[t];
-            if (doN) {
-                N[a] += fa * N[p];
-                N[b] += fb * N[p];
-            }
-            if (doD)
-                for (int c = 0; c < dim; c++) {
-                    dN[dim * a + c] += fa * dN[dim * p + c];
-                    dN[dim * b + c] += fb * dN[dim * p + c];
-                }
-            removed[p] = 1;
-        }
+        vis_ElemEdgeNodes(shape, maxi, maxj & 0xffff, maxk, e, &m, pos);
+        FoldEdge(pos, m, doN, N, dim, dN);
     }
-    int out = 0;
-    for (int p = 0; p < raw; p++) {
-        if (removed[p]) continue;
-        if (doN) N[out] = N[p];
-        if (doD)
-            for (int c = 0; c < dim; c++) dN[dim * out + c] = dN[dim * p + c];
-        out++;
-    }
+    char removed[VIS_ELEM_MAXNODE];
+    vis_ElemForm_Removed(&f, removed);
+    if (doN) vis_ElemForm_Squeeze(removed, f.nraw, 1, N);
+    if (dim > 0) vis_ElemForm_Squeeze(removed, f.nraw, dim, dN);
 }
 
 /* ----------------------------------------------------------------- polygon ---- */
@@ -683,54 +707,66 @@ int PyrLagNatural(int n, double* c)
     return m;
 }
 
+double Lattice(int a, int n)
+{
+    return n > 1 ? (double)a / (n - 1) : 0.0;
+}
+
+int TetLagNatural(int n, double* c)
+{
+    int m = 0;
+    for (int tz = 0; tz < n; tz++)
+        for (int b = 0; b < n - tz; b++)
+            for (int a = 0; a < n - tz - b; a++, m++)
+                Put(c + 3 * m, Lattice(a, n), Lattice(b, n), Lattice(tz, n));
+    return m;
+}
+
+/* Serendipity line: the ends, then the interior nodes in order. */
+int LineSerNatural(int n, double* c)
+{
+    Put(c, -1, 0, 0);
+    Put(c + 3, 1, 0, 0);
+    for (int t = 1; t < n - 1; t++) Put(c + 3 * (t + 1), Spread(t, n), 0, 0);
+    return n;
+}
+
+int LagNatural(const vis_ElemForm* f, double* c)
+{
+    const int* n = f->n;
+    switch (f->shape) {
+    case SYS_SHAPE_LINE:
+        for (int a = 0; a < n[0]; a++) Put(c + 3 * a, Spread(a, n[0]), 0, 0);
+        return n[0];
+    case SYS_SHAPE_TRI: return TriLagNatural(n[0], c);
+    case SYS_SHAPE_QUAD: return QuadLagNatural(n[0], n[1], c);
+    case SYS_SHAPE_TET: return TetLagNatural(n[0], c);
+    case SYS_SHAPE_PYR: return PyrLagNatural(n[0], c);
+    default: return LayeredNatural(BaseKind(f), n[0], n[1], n[2], c);
+    }
+}
+
 /* Unmasked natural coordinates; returns the count. */
 int RawNatural(int shape, int maxi, int maxj, int maxk, double* c)
 {
-    int raw = 0;
-    int i = maxi ? maxi : 2, j = maxj & 0xffff, k = maxk;
-    vis_ElemNum(shape, maxi, j, maxk, &raw);
-    if (raw <= 0 || raw > VIS_ELEM_MAXNODE) return 0;
+    vis_ElemForm f;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f) || f.nraw > VIS_ELEM_MAXNODE) return 0;
     int m = 0;
-    switch (shape) {
-    case SYS_SHAPE_POINT: Put(c, 0, 0, 0); m = 1; break;
-    case SYS_SHAPE_LINE:
-        for (int a = 0; a < i; a++) Put(c + 3 * a, Spread(a, i), 0, 0);
-        m = i;
+    switch (f.form) {
+    case VIS_ELEMFORM_POINT:
+        if (f.nraw != 1) return 0;
+        Put(c, 0, 0, 0);
+        return 1;
+    case VIS_ELEMFORM_SER:
+        m = shape == SYS_SHAPE_LINE ? LineSerNatural(f.i, c) : SerNatural(shape, f.i, c);
         break;
-    case SYS_SHAPE_TRI:
-        if (j == 0) m = SerNatural(shape, i, c);
-        else if (j == i) m = TriLagNatural(i, c);
-        else m = ApexNatural(shape, BASE_LINE, i, 0, c);
-        break;
-    case SYS_SHAPE_QUAD: m = j == 0 ? SerNatural(shape, i, c) : QuadLagNatural(i, j, c); break;
-    case SYS_SHAPE_TET:
-        if (j == 0 && k == 0) m = SerNatural(shape, i, c);
-        else if (j == 0) m = ApexNatural(shape, BASE_TRISER, i, 0, c);
-        else if (j == k) {
-            for (int tz = 0; tz < i; tz++)
-                for (int b = 0; b < i - tz; b++)
-                    for (int a = 0; a < i - tz - b; a++, m++)
-                        Put(c + 3 * m, (double)a / (i - 1), (double)b / (i - 1), (double)tz / (i - 1));
-        } else m = ApexNatural(shape, BASE_TRILAG, i, 0, c);
-        break;
-    case SYS_SHAPE_PYR:
-        if (j == 0 && k == 0) {
-            m = SerNatural(shape, i, c);
-        } else if (j == 0) m = ApexNatural(shape, BASE_QUADSER, i, 0, c);
-        else if (j == k) m = PyrLagNatural(i, c);
-        else m = ApexNatural(shape, BASE_QUADLAG, i, j, c);
-        break;
-    case SYS_SHAPE_WED:
-        if (j == 0 && k == 0) m = SerNatural(shape, i, c);
-        else m = LayeredNatural(j == 0 ? BASE_TRISER : BASE_TRILAG, i, 0, k, c);
-        break;
-    case SYS_SHAPE_HEX:
-        if (j == 0 && k == 0) m = SerNatural(shape, i, c);
-        else m = LayeredNatural(j == 0 ? BASE_QUADSER : BASE_QUADLAG, i, j, k, c);
-        break;
+    case VIS_ELEMFORM_LAG: m = LagNatural(&f, c); break;
+    case VIS_ELEMFORM_LAYER: m = LayeredNatural(BaseKind(&f), f.i, 0, f.k, c); break;
+    case VIS_ELEMFORM_SERAPEX:
+    case VIS_ELEMFORM_LAGAPEX: m = ApexNatural(shape, BaseKind(&f), f.n[0], f.n[1], c); break;
     default: return 0;
     }
-    return m == raw ? m : 0;
+    return m == f.nraw ? m : 0;
 }
 
 template <class T>
@@ -748,20 +784,12 @@ void NodeNatural(int shape, int maxi, int maxj, int maxk, T* coords)
     double c[3 * VIS_ELEM_MAXNODE];
     int raw = RawNatural(shape, maxi, maxj, maxk, c);
     if (raw == 0) return;
-    int bits = MaskBits(shape, maxj);
-    char removed[VIS_ELEM_MAXNODE] = {0};
-    for (int e = 0; bits >> e; e++) {
-        if (!((bits >> e) & 1)) continue;
-        int pos[VIS_ELEM_MAXSIDE], m = 0;
-        vis_ElemEdgeNodes(shape, maxi, maxj & 0xffff, maxk, e, &m, pos);
-        for (int t = 1; t < m - 1; t++) removed[pos[t]] = 1;
-    }
-    int out = 0;
-    for (int p = 0; p < raw; p++) {
-        if (removed[p]) continue;
-        for (int a = 0; a < 3; a++) coords[3 * out + a] = (T)c[3 * p + a];
-        out++;
-    }
+    vis_ElemForm f;
+    vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f);
+    char removed[VIS_ELEM_MAXNODE];
+    vis_ElemForm_Removed(&f, removed);
+    int num = vis_ElemForm_Squeeze(removed, raw, 3, c);
+    for (int p = 0; p < 3 * num; p++) coords[p] = (T)c[p];
 }
 
 }  // namespace

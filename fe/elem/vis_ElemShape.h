@@ -11,8 +11,10 @@
  * components together: dN[2 * n + c] for plane elements, dN[3 * n + c] for solids.
  *
  * Forms (i = maxi or 2, j = low half of maxj, k = maxk):
- *   linear tuple (maxi 0, maxj 0, maxk 0)   closed forms; the pyramid base corners are
- *                                            (1 +- r)(1 +- s)(1 - t) / 8, the apex (1 + t) / 2
+ *   linear tuple (maxi 0 or 2, maxj 0,      closed forms; the pyramid base corners are
+ *   maxk 0)                                  (1 +- r)(1 +- s)(1 - t) / 8, the apex (1 + t) / 2
+ *   line (evaluated internally; no public    serendipity (j 0): the 1D functions with the ends
+ *   entry)                                   first; other j: in order along the line
  *   serendipity (j 0, k 0)                  tri 6 and 9, quad 8 and 12, tet 10 and 16, hex 20
  *                                            and 32 nodes in their standard closed forms; the
  *                                            cubic triangle and tetrahedron shift the dropped
@@ -77,8 +79,9 @@ void vis_ElemDropMidside(int mode, int shape, int maxi, int maxj, int maxk, floa
 void vis_ElemDropMidsidedv(int mode, int shape, int maxi, int maxj, int maxk, double* N, int dim,
                            double* dN);
 
-/* Natural coordinates of all nodes, three per node in node order (0 beyond the dimension).
- * Polygon corner k is at (1, 10 k), the closing entry at (1, 0); polyhedra write nothing. */
+/* Natural coordinates of all nodes, three per node in node order (0 beyond the dimension); a
+ * serendipity line gives its ends (-1, then 1) before its interior nodes. Polygon corner k is
+ * at (1, 10 k), the closing entry at (1, 0); polyhedra write nothing. */
 void vis_ElemNodeNatural(int shape, int maxi, int maxj, int maxk, float* coords);
 void vis_ElemNodeNaturaldv(int shape, int maxi, int maxj, int maxk, double* coords);
 

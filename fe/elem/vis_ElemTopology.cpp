@@ -1,62 +1,27 @@
 /* vis_ElemTopology: node counts and node lists of corners, edges and faces, computed from the
  * topology tuple alone.
  *
- * Every query first turns the tuple into an ElemForm: which of the node layouts it is, the node
- * counts along its directions, and its edge mask. The lists are then built for the unmasked
- * layout and renumbered: the interior nodes of masked edges are dropped and the positions after
- * them close up. Node layouts (see vis_ElemTopology.h for the tuple):
- *
- *   SER      corners, then i - 2 interior nodes per edge in edge order.
- *   SERAPEX  a serendipity base (triangle or quadrilateral), then the apex.
- *   LAYER    a serendipity base repeated k times, one layer after the other.
- *   LAG      a lattice in lexical order (see Lat_Pos).
- *   LAGAPEX  a lattice base (line, triangle or quadrilateral), then the apex.
+ * Every query first classifies the tuple (vis_ElemForm_Parse): which node layout it is, the
+ * node counts along its directions, and its edge mask. The lists are then built for the
+ * unmasked layout and renumbered by vis_ElemForm_Compact: the interior nodes of masked edges
+ * are dropped and the positions after them close up. The layouts are described in
+ * vis_ElemForm.h; lattice positions in Lat_Pos.
  *
  * The corner numbers, edges and faces of the shapes are the tables of vis_ElemTables.cpp.
  */
 #include "vis_ElemTopology.h"
 
+#include "vis_ElemForm.h"
 #include "vis_ElemTables.h"
-
-enum {
-    FORM_NONE,
-    FORM_POINT,
-    FORM_LINE,
-    FORM_SER,
-    FORM_SERAPEX,
-    FORM_LAYER,
-    FORM_LAG,
-    FORM_LAGAPEX,
-    FORM_POLYGON,
-    FORM_POLYHED
-};
 
 /* How the nodes of a face are found. */
 enum {
     FACE_NONE,   /* no such face */
-    FACE_SELF,   /* the face of a plane element: the element itself */
+    FACE_SELF,   /* the face of a polygon: its whole list */
     FACE_RUNS,   /* corners, then the interior runs of the face's edges */
-    FACE_TRILAT, /* a triangular lattice, lexical from face corner 0 */
-    FACE_QUADTEN /* a tensor grid of two edges, lexical from face corner 0 */
+    FACE_TRILAT, /* as FACE_RUNS, then the interior of a triangular lattice */
+    FACE_QUADTEN /* as FACE_RUNS, then the interior of a tensor grid of two edges */
 };
-
-/* Most interior nodes that a mask can remove: every edge of a cubic hexahedron. */
-#define VIS_ELEM_MAXREMOVED (VIS_ELEM_MAXEDGE * (VIS_ELEM_MAXSIDE - 2))
-
-typedef struct ElemForm {
-    int shape;
-    int form;
-    int i;         /* nodes along the first direction (the edges of serendipity forms) */
-    int k;         /* layers of a layered form */
-    int n[3];      /* lattice extents of a lattice form or lattice base */
-    int mask;      /* bit e: edge e has no interior nodes */
-    int baseshape; /* shape of the base of apex and layered forms, else -1 */
-    int nbase;     /* nodes of the base: the apex position, or the nodes of one layer */
-    int nraw;      /* nodes before the mask is applied */
-    int maxi;      /* the tuple as given, for polygons and faces of plane elements */
-    int maxj;
-    int maxk;
-} ElemForm;
 
 /* ---------------------------------------------------------------- counting helpers ---- */
 
@@ -65,54 +30,15 @@ static const vis_ElemShapeDef* Def(int shape)
     return &vis_ElemShapeDefs[shape];
 }
 
-static int TriNum(int n)
-{
-    return n * (n + 1) / 2;
-}
-
-static int TetNum(int n)
-{
-    return n * (n + 1) * (n + 2) / 6;
-}
-
-static int SquareNum(int n)
-{
-    return n * (n + 1) * (2 * n + 1) / 6;
-}
-
 /* First position of row r of a triangular lattice with n nodes in row 0. */
 static int TriRow(int n, int r)
 {
     return r * (2 * n - r + 1) / 2;
 }
 
-static int SideOk(int n)
-{
-    return n >= 2 && n <= VIS_ELEM_MAXSIDE;
-}
-
-/* Nodes of the serendipity form of a fixed shape with i nodes per edge. */
-static int SerNum(int shape, int i)
-{
-    return Def(shape)->numcorner + Def(shape)->numedge * (i - 2);
-}
-
 static int IsFixed(int shape)
 {
     return shape >= SYS_SHAPE_POINT && shape <= SYS_SHAPE_HEX;
-}
-
-/* The base of an apex or layered form: the element that the first nodes of the list make up. */
-static int BaseShape(int shape)
-{
-    switch (shape) {
-    case SYS_SHAPE_TRI: return SYS_SHAPE_LINE;
-    case SYS_SHAPE_TET:
-    case SYS_SHAPE_WED: return SYS_SHAPE_TRI;
-    case SYS_SHAPE_PYR:
-    case SYS_SHAPE_HEX: return SYS_SHAPE_QUAD;
-    default: return -1;
-    }
 }
 
 /* ------------------------------------------------------------------- lattice forms ---- */
@@ -127,9 +53,13 @@ static int Lat_Pos(int lshape, const int n[3], const int L[3])
     case SYS_SHAPE_LINE: return L[0];
     case SYS_SHAPE_TRI: return TriRow(m, L[1]) + L[0];
     case SYS_SHAPE_QUAD: return L[0] + L[1] * n[0];
-    case SYS_SHAPE_TET: return TetNum(m) - TetNum(m - L[2]) + TriRow(m - L[2], L[1]) + L[0];
-    case SYS_SHAPE_PYR: return SquareNum(m) - SquareNum(m - L[2]) + L[1] * (m - L[2]) + L[0];
-    case SYS_SHAPE_WED: return TriRow(m, L[1]) + L[0] + L[2] * TriNum(m);
+    case SYS_SHAPE_TET:
+        return vis_ElemForm_TetNum(m) - vis_ElemForm_TetNum(m - L[2]) + TriRow(m - L[2], L[1]) +
+               L[0];
+    case SYS_SHAPE_PYR:
+        return vis_ElemForm_SquareNum(m) - vis_ElemForm_SquareNum(m - L[2]) +
+               L[1] * (m - L[2]) + L[0];
+    case SYS_SHAPE_WED: return TriRow(m, L[1]) + L[0] + L[2] * vis_ElemForm_TriNum(m);
     case SYS_SHAPE_HEX: return L[0] + L[1] * n[0] + L[2] * n[0] * n[1];
     default: return 0;
     }
@@ -159,141 +89,31 @@ static int Lat_Edge(int lshape, const int n[3], int a, int b, int* pos)
     return len + 1;
 }
 
-/* ------------------------------------------------------------------- parsing ---- */
-
-static int Form_Set(ElemForm* f, int form, int n0, int n1, int n2, int nraw)
-{
-    f->form = form;
-    f->n[0] = n0;
-    f->n[1] = n1;
-    f->n[2] = n2;
-    f->nraw = nraw;
-    return 1;
-}
-
-static int Form_Base(ElemForm* f, int form, int n0, int n1, int nbase, int nraw)
-{
-    f->baseshape = BaseShape(f->shape);
-    f->nbase = nbase;
-    return Form_Set(f, form, n0, n1, 1, nraw);
-}
-
-static int Form_Tri(ElemForm* f, int i, int j)
-{
-    if (j == 0) return Form_Set(f, FORM_SER, i, 1, 1, SerNum(f->shape, i));
-    if (j == i) return Form_Set(f, FORM_LAG, i, i, 1, TriNum(i));
-    return Form_Base(f, FORM_LAGAPEX, i, 1, i, i + 1);
-}
-
-static int Form_Quad(ElemForm* f, int i, int j)
-{
-    if (j == 0) return Form_Set(f, FORM_SER, i, 1, 1, SerNum(f->shape, i));
-    if (!SideOk(j)) return 0;
-    return Form_Set(f, FORM_LAG, i, j, 1, i * j);
-}
-
-/* Tetrahedron and pyramid: serendipity, base plus apex, or a full lattice. */
-static int Form_Apex(ElemForm* f, int i, int j, int k)
-{
-    int pyr = f->shape == SYS_SHAPE_PYR;
-    if (j == 0 && k == 0) return Form_Set(f, FORM_SER, i, 1, 1, SerNum(f->shape, i));
-    if (j == 0) {
-        int nb = SerNum(BaseShape(f->shape), i);
-        return Form_Base(f, FORM_SERAPEX, i, 1, nb, nb + 1);
-    }
-    if (j == k) return Form_Set(f, FORM_LAG, i, i, i, pyr ? SquareNum(i) : TetNum(i));
-    if (!pyr) return Form_Base(f, FORM_LAGAPEX, i, i, TriNum(i), TriNum(i) + 1);
-    if (!SideOk(j)) return 0;
-    return Form_Base(f, FORM_LAGAPEX, i, j, i * j, i * j + 1);
-}
-
-/* Wedge and hexahedron: serendipity, layered serendipity base, or a full lattice. */
-static int Form_Prism(ElemForm* f, int i, int j, int k)
-{
-    if (j == 0 && k == 0) return Form_Set(f, FORM_SER, i, 1, 1, SerNum(f->shape, i));
-    if (!SideOk(k)) return 0;
-    f->k = k;
-    if (j == 0) {
-        int nb = SerNum(BaseShape(f->shape), i);
-        Form_Base(f, FORM_LAYER, i, 1, nb, nb * k);
-        f->n[2] = k;
-        return 1;
-    }
-    if (f->shape == SYS_SHAPE_WED) return Form_Set(f, FORM_LAG, i, i, k, TriNum(i) * k);
-    if (!SideOk(j)) return 0;
-    return Form_Set(f, FORM_LAG, i, j, k, i * j * k);
-}
-
-static int Form_Fixed(ElemForm* f, int maxi, int maxj, int maxk)
-{
-    int i = maxi ? maxi : 2;
-    int j = maxj & 0xffff;
-    if (!SideOk(i)) return 0;
-    f->i = i;
-    f->mask = (int)(((unsigned)maxj >> 16) & ((1u << Def(f->shape)->numedge) - 1u));
-    switch (f->shape) {
-    case SYS_SHAPE_LINE: return Form_Set(f, FORM_LINE, i, 1, 1, i);
-    case SYS_SHAPE_TRI: return Form_Tri(f, i, j);
-    case SYS_SHAPE_QUAD: return Form_Quad(f, i, j);
-    case SYS_SHAPE_TET:
-    case SYS_SHAPE_PYR: return Form_Apex(f, i, j, maxk);
-    default: return Form_Prism(f, i, j, maxk);
-    }
-}
-
-/* Fills f from a tuple; returns 0, with f->form FORM_NONE, when the tuple is no element. */
-static int Form_Parse(int shape, int maxi, int maxj, int maxk, ElemForm* f)
-{
-    f->shape = shape;
-    f->form = FORM_NONE;
-    f->i = f->k = 0;
-    f->n[0] = f->n[1] = f->n[2] = 1;
-    f->mask = 0;
-    f->baseshape = -1;
-    f->nbase = f->nraw = 0;
-    f->maxi = maxi;
-    f->maxj = maxj;
-    f->maxk = maxk;
-    if (shape == SYS_SHAPE_POINT || shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) {
-        if (maxi < 0) return 0;
-        int form = shape == SYS_SHAPE_POINT     ? FORM_POINT
-                   : shape == SYS_SHAPE_POLYGON ? FORM_POLYGON
-                                                : FORM_POLYHED;
-        return Form_Set(f, form, 1, 1, 1, shape == SYS_SHAPE_POINT && maxi == 0 ? 1 : maxi);
-    }
-    if (shape < SYS_SHAPE_LINE || shape > SYS_SHAPE_HEX) return 0;
-    if (Form_Fixed(f, maxi, maxj, maxk)) return 1;
-    f->form = FORM_NONE;
-    f->nraw = 0;
-    return 0;
-}
-
 /* -------------------------------------------------------------- unmasked lists ---- */
 
 /* Lattice shape of a lattice form, or of the base of a lattice apex form. */
-static int Form_LatShape(const ElemForm* f)
+static int Form_LatShape(const vis_ElemForm* f)
 {
-    return f->form == FORM_LAG ? f->shape : f->baseshape;
+    return f->form == VIS_ELEMFORM_LAG ? f->shape : f->baseshape;
 }
 
-static int Form_BaseCorners(const ElemForm* f)
+static int Form_BaseCorners(const vis_ElemForm* f)
 {
     return Def(f->baseshape)->numcorner;
 }
 
-static int Form_CornerPos(const ElemForm* f, int c)
+static int Form_CornerPos(const vis_ElemForm* f, int c)
 {
     int L[3];
     switch (f->form) {
-    case FORM_LINE: return c == 0 ? 0 : f->i - 1;
-    case FORM_SERAPEX: return c < Form_BaseCorners(f) ? c : f->nbase;
-    case FORM_LAYER:
+    case VIS_ELEMFORM_SERAPEX: return c < Form_BaseCorners(f) ? c : f->nbase;
+    case VIS_ELEMFORM_LAYER:
         if (c < Form_BaseCorners(f)) return c;
         return c - Form_BaseCorners(f) + (f->k - 1) * f->nbase;
-    case FORM_LAG:
+    case VIS_ELEMFORM_LAG:
         Lat_Corner(f->shape, f->n, c, L);
         return Lat_Pos(f->shape, f->n, L);
-    case FORM_LAGAPEX:
+    case VIS_ELEMFORM_LAGAPEX:
         if (c >= Form_BaseCorners(f)) return f->nbase;
         Lat_Corner(f->baseshape, f->n, c, L);
         return Lat_Pos(f->baseshape, f->n, L);
@@ -314,7 +134,7 @@ static int Ser_Edge(int shape, int i, int e, int* pos)
 
 /* Edges of a layered form: base edges in the first layer, the same in the last layer, then
  * one edge through the layers from each base corner. */
-static int Layer_Edge(const ElemForm* f, int e, int* pos)
+static int Layer_Edge(const vis_ElemForm* f, int e, int* pos)
 {
     int nbe = Def(f->baseshape)->numedge;
     if (e < 2 * nbe) {
@@ -328,11 +148,11 @@ static int Layer_Edge(const ElemForm* f, int e, int* pos)
 }
 
 /* Edges of an apex form: base edges from the base, the others straight to the apex. */
-static int Apex_Edge(const ElemForm* f, int e, int* pos)
+static int Apex_Edge(const vis_ElemForm* f, int e, int* pos)
 {
     const int* ab = Def(f->shape)->edges[e];
     if (e < Def(f->baseshape)->numedge) {
-        if (f->form == FORM_SERAPEX) return Ser_Edge(f->baseshape, f->i, e, pos);
+        if (f->form == VIS_ELEMFORM_SERAPEX) return Ser_Edge(f->baseshape, f->i, e, pos);
         return Lat_Edge(f->baseshape, f->n, ab[0], ab[1], pos);
     }
     pos[0] = Form_CornerPos(f, ab[0]);
@@ -340,32 +160,29 @@ static int Apex_Edge(const ElemForm* f, int e, int* pos)
     return 2;
 }
 
-static int Form_NumEdge(const ElemForm* f)
+static int Form_NumEdge(const vis_ElemForm* f)
 {
     switch (f->form) {
-    case FORM_NONE:
-    case FORM_POINT:
-    case FORM_POLYHED: return 0;
-    case FORM_POLYGON: return f->maxi > 1 ? f->maxi - 1 : 0;
+    case VIS_ELEMFORM_NONE:
+    case VIS_ELEMFORM_POINT:
+    case VIS_ELEMFORM_POLYHED: return 0;
+    case VIS_ELEMFORM_POLYGON: return f->maxi > 1 ? f->maxi - 1 : 0;
     default: return Def(f->shape)->numedge;
     }
 }
 
 /* Unmasked positions of edge e (in range), from its first corner to its second. */
-static int Form_EdgeRaw(const ElemForm* f, int e, int* pos)
+static int Form_EdgeRaw(const vis_ElemForm* f, int e, int* pos)
 {
     switch (f->form) {
-    case FORM_LINE:
-        for (int t = 0; t < f->i; t++) pos[t] = t;
-        return f->i;
-    case FORM_SER: return Ser_Edge(f->shape, f->i, e, pos);
-    case FORM_SERAPEX:
-    case FORM_LAGAPEX: return Apex_Edge(f, e, pos);
-    case FORM_LAYER: return Layer_Edge(f, e, pos);
-    case FORM_LAG:
+    case VIS_ELEMFORM_SER: return Ser_Edge(f->shape, f->i, e, pos);
+    case VIS_ELEMFORM_SERAPEX:
+    case VIS_ELEMFORM_LAGAPEX: return Apex_Edge(f, e, pos);
+    case VIS_ELEMFORM_LAYER: return Layer_Edge(f, e, pos);
+    case VIS_ELEMFORM_LAG:
         return Lat_Edge(f->shape, f->n, Def(f->shape)->edges[e][0], Def(f->shape)->edges[e][1],
                         pos);
-    case FORM_POLYGON:
+    case VIS_ELEMFORM_POLYGON:
         pos[0] = e;
         pos[1] = e + 1;
         return 2;
@@ -373,39 +190,40 @@ static int Form_EdgeRaw(const ElemForm* f, int e, int* pos)
     }
 }
 
-static int Form_EdgeMasked(const ElemForm* f, int e)
+static int Form_EdgeMasked(const vis_ElemForm* f, int e)
 {
     return (f->mask >> e) & 1;
 }
 
 /* Nodes along edge e with the mask applied. */
-static int Form_EdgeCount(const ElemForm* f, int e)
+static int Form_EdgeCount(const vis_ElemForm* f, int e)
 {
     int pos[VIS_ELEM_MAXSIDE];
     int m = Form_EdgeRaw(f, e, pos);
     return Form_EdgeMasked(f, e) && m > 2 ? 2 : m;
 }
 
-static int Form_FaceKind(const ElemForm* f, int face)
+/* How face `face` is read. Every face but a polygon's lists its corners, then the interior
+ * runs of its edges; a face that is a lattice adds its interior nodes. */
+static int Form_FaceKind(const vis_ElemForm* f, int face)
 {
-    if (f->form == FORM_POLYGON) return face == 0 ? FACE_SELF : FACE_NONE;
-    if (f->form == FORM_NONE || f->form == FORM_POINT || f->form == FORM_LINE ||
-        f->form == FORM_POLYHED)
+    if (f->form == VIS_ELEMFORM_POLYGON) return face == 0 ? FACE_SELF : FACE_NONE;
+    if (f->form == VIS_ELEMFORM_NONE || f->form == VIS_ELEMFORM_POINT ||
+        f->form == VIS_ELEMFORM_POLYHED)
         return FACE_NONE;
     const vis_ElemShapeDef* d = Def(f->shape);
-    if (face < 0 || face >= d->numface) return FACE_NONE;
-    if (d->dim == 2) return FACE_SELF;
+    if (d->dim < 2 || face < 0 || face >= d->numface) return FACE_NONE;
     int lattice = d->facesize[face] == 3 ? FACE_TRILAT : FACE_QUADTEN;
     switch (f->form) {
-    case FORM_LAG: return lattice;
-    case FORM_LAGAPEX: return face == 0 ? lattice : FACE_RUNS;
-    case FORM_LAYER: return face < 2 ? FACE_RUNS : FACE_QUADTEN;
+    case VIS_ELEMFORM_LAG: return lattice;
+    case VIS_ELEMFORM_LAGAPEX: return face == 0 && d->dim == 3 ? lattice : FACE_RUNS;
+    case VIS_ELEMFORM_LAYER: return face < 2 ? FACE_RUNS : FACE_QUADTEN;
     default: return FACE_RUNS;
     }
 }
 
 /* Unmasked positions of face edge fe, read in the face's direction of travel. */
-static int Form_FaceEdgeRun(const ElemForm* f, int face, int fe, int* pos)
+static int Form_FaceEdgeRun(const vis_ElemForm* f, int face, int fe, int* pos)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int e = d->faceedges[face][fe];
@@ -414,7 +232,7 @@ static int Form_FaceEdgeRun(const ElemForm* f, int face, int fe, int* pos)
     return m;
 }
 
-static int Face_Runs(const ElemForm* f, int face, int* pos)
+static int Face_Runs(const vis_ElemForm* f, int face, int* pos)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int nc = d->facesize[face], m = 0;
@@ -427,7 +245,9 @@ static int Face_Runs(const ElemForm* f, int face, int* pos)
     return m;
 }
 
-static int Face_TriLat(const ElemForm* f, int face, int* pos)
+/* Interior nodes of a triangular lattice face, in the face's lexical order: first index from
+ * face corner 0 towards corner 1, second towards corner 2. */
+static int Face_TriInterior(const vis_ElemForm* f, int face, int* pos)
 {
     int lshape = Form_LatShape(f), L[3][3], d1[3], d2[3], len = 0, m = 0;
     for (int c = 0; c < 3; c++) Lat_Corner(lshape, f->n, Def(f->shape)->faces[face][c], L[c]);
@@ -441,8 +261,8 @@ static int Face_TriLat(const ElemForm* f, int face, int* pos)
         d1[c] = (L[1][c] - L[0][c]) / len;
         d2[c] = (L[2][c] - L[0][c]) / len;
     }
-    for (int b = 0; b <= len; b++) {
-        for (int a = 0; a <= len - b; a++) {
+    for (int b = 1; b < len; b++) {
+        for (int a = 1; a < len - b; a++) {
             int P[3];
             for (int c = 0; c < 3; c++) P[c] = L[0][c] + a * d1[c] + b * d2[c];
             pos[m++] = Lat_Pos(lshape, f->n, P);
@@ -451,70 +271,33 @@ static int Face_TriLat(const ElemForm* f, int face, int* pos)
     return m;
 }
 
-/* A tensor face: node (a, b) is the a-th node from corner 0 towards corner 1 shifted by the
- * b-th step from corner 0 towards corner 3. Positions are additive along both directions in
- * every form that has such a face. */
-static int Face_QuadTen(const ElemForm* f, int face, int* pos)
+/* Interior nodes of a tensor face, in the face's lexical order: node (a, b) is the a-th node
+ * from corner 0 towards corner 1 shifted by the b-th step from corner 0 towards corner 3.
+ * Positions are additive along both directions in every form that has such a face. */
+static int Face_QuadInterior(const vis_ElemForm* f, int face, int* pos)
 {
     int e01[VIS_ELEM_MAXSIDE], e03[VIS_ELEM_MAXSIDE], m = 0;
     int m1 = Form_FaceEdgeRun(f, face, 0, e01);
     int m3 = Form_FaceEdgeRun(f, face, 3, e03);
     vis_ElemFlip(m3, e03);
-    for (int b = 0; b < m3; b++)
-        for (int a = 0; a < m1; a++) pos[m++] = e01[a] + e03[b] - e01[0];
+    for (int b = 1; b < m3 - 1; b++)
+        for (int a = 1; a < m1 - 1; a++) pos[m++] = e01[a] + e03[b] - e01[0];
     return m;
 }
 
-/* Unmasked positions of a face of a solid. */
-static int Form_FaceRaw(const ElemForm* f, int face, int* pos)
+/* Unmasked positions of a face: corners in the face table's order, the interior runs of the
+ * face's edges in the face's order, then the face's interior nodes. */
+static int Form_FaceRaw(const vis_ElemForm* f, int face, int* pos)
 {
-    switch (Form_FaceKind(f, face)) {
-    case FACE_RUNS: return Face_Runs(f, face, pos);
-    case FACE_TRILAT: return Face_TriLat(f, face, pos);
-    case FACE_QUADTEN: return Face_QuadTen(f, face, pos);
-    default: return 0;
-    }
+    int kind = Form_FaceKind(f, face);
+    if (kind == FACE_NONE || kind == FACE_SELF) return 0;
+    int m = Face_Runs(f, face, pos);
+    if (kind == FACE_TRILAT) m += Face_TriInterior(f, face, pos + m);
+    if (kind == FACE_QUADTEN) m += Face_QuadInterior(f, face, pos + m);
+    return m;
 }
 
 /* ------------------------------------------------------------------------ mask ---- */
-
-/* The positions that the mask removes: the interior nodes of every masked edge. */
-static int Mask_Removed(const ElemForm* f, int* rem)
-{
-    int nrem = 0;
-    if (f->mask == 0) return 0;
-    for (int e = 0; e < Form_NumEdge(f); e++) {
-        if (!Form_EdgeMasked(f, e)) continue;
-        int pos[VIS_ELEM_MAXSIDE];
-        int m = Form_EdgeRaw(f, e, pos);
-        for (int t = 1; t < m - 1; t++) rem[nrem++] = pos[t];
-    }
-    return nrem;
-}
-
-/* Drops removed positions from a list and renumbers the others; returns the new length. */
-static int Mask_Apply(const ElemForm* f, int* pos, int m)
-{
-    int rem[VIS_ELEM_MAXREMOVED];
-    int nrem = Mask_Removed(f, rem), out = 0;
-    if (nrem == 0) return m;
-    for (int t = 0; t < m; t++) {
-        int below = 0, drop = 0;
-        for (int r = 0; r < nrem; r++) {
-            if (rem[r] == pos[t]) drop = 1;
-            else if (rem[r] < pos[t]) below++;
-        }
-        if (!drop) pos[out++] = pos[t] - below;
-    }
-    return out;
-}
-
-/* Node count with the mask applied. */
-static int Form_Count(const ElemForm* f)
-{
-    int rem[VIS_ELEM_MAXREMOVED];
-    return f->nraw - Mask_Removed(f, rem);
-}
 
 static void Copy(const int* from, int m, int* num, int* positions)
 {
@@ -569,23 +352,23 @@ void vis_ElemDim(int shape, int* dim)
 
 void vis_ElemNum(int shape, int maxi, int maxj, int maxk, int* num)
 {
-    ElemForm f;
+    vis_ElemForm f;
     if (!num) return;
-    *num = Form_Parse(shape, maxi, maxj, maxk, &f) ? Form_Count(&f) : 0;
+    *num = vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f) ? vis_ElemForm_Count(&f) : 0;
 }
 
 void vis_ElemCorners(int shape, int maxi, int maxj, int maxk, int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXCORNER], num;
-    if (!positions || !Form_Parse(shape, maxi, maxj, maxk, &f)) return;
-    if (f.form == FORM_POLYGON || f.form == FORM_POLYHED) {
+    if (!positions || !vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
+    if (f.form == VIS_ELEMFORM_POLYGON || f.form == VIS_ELEMFORM_POLYHED) {
         Sequence(f.nraw, &num, positions);
         return;
     }
     int nc = Def(shape)->numcorner;
     for (int c = 0; c < nc; c++) pos[c] = Form_CornerPos(&f, c);
-    Copy(pos, Mask_Apply(&f, pos, nc), &num, positions);
+    Copy(pos, vis_ElemForm_Compact(&f, pos, nc), &num, positions);
 }
 
 template <class T>
@@ -639,11 +422,11 @@ void vis_ElemEdgeFaces(int shape, int edge, int* num, int* faces)
 
 void vis_ElemEdgeTopo(int shape, int maxi, int maxj, int maxk, int edge, int* maxiofedge)
 {
-    ElemForm f;
+    vis_ElemForm f;
     if (!maxiofedge) return;
     *maxiofedge = 0;
-    if (!Form_Parse(shape, maxi, maxj, maxk, &f)) return;
-    if (f.form == FORM_POLYHED) {
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
+    if (f.form == VIS_ELEMFORM_POLYHED) {
         if (edge >= 0 && edge < maxj) *maxiofedge = 2;
         return;
     }
@@ -652,7 +435,7 @@ void vis_ElemEdgeTopo(int shape, int maxi, int maxj, int maxk, int edge, int* ma
 }
 
 /* Face mask bits of face edges masked in the element. */
-static int Face_MaskBits(const ElemForm* f, int face)
+static int Face_MaskBits(const vis_ElemForm* f, int face)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int bits = 0;
@@ -663,7 +446,7 @@ static int Face_MaskBits(const ElemForm* f, int face)
 
 /* Tuple of a serendipity-type face: the longest edge gives maxi, the shorter or masked edges
  * the face's mask. */
-static void Face_RunsTopo(const ElemForm* f, int face, int* fmaxi, int* fmaxj)
+static void Face_RunsTopo(const vis_ElemForm* f, int face, int* fmaxi, int* fmaxj)
 {
     const vis_ElemShapeDef* d = Def(f->shape);
     int pos[VIS_ELEM_MAXSIDE], side = 2, bits = 0, nc = d->facesize[face];
@@ -680,14 +463,14 @@ static void Face_RunsTopo(const ElemForm* f, int face, int* fmaxi, int* fmaxj)
 void vis_ElemFaceTopo(int shape, int maxi, int maxj, int maxk, int face, int* faceshape,
                       int* facemaxi, int* facemaxj)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int fs = -1, fi = 0, fj = 0;
     int pos[VIS_ELEM_MAXSIDE];
-    if (Form_Parse(shape, maxi, maxj, maxk, &f)) {
+    if (vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) {
         int kind = Form_FaceKind(&f, face);
-        if (f.form == FORM_POLYHED && face >= 0 && face < maxk) {
+        if (f.form == VIS_ELEMFORM_POLYHED && face >= 0 && face < maxk) {
             fs = SYS_SHAPE_POLYGON;
-        } else if (kind == FACE_SELF) {
+        } else if (kind == FACE_SELF || (kind != FACE_NONE && Def(shape)->dim == 2)) {
             fs = shape;
             fi = maxi;
             fj = maxj;
@@ -713,14 +496,14 @@ void vis_ElemFaceTopo(int shape, int maxi, int maxj, int maxk, int face, int* fa
 void vis_ElemEdgeNodes(int shape, int maxi, int maxj, int maxk, int edge, int* num,
                        int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXSIDE];
     if (!num) return;
     *num = 0;
-    if (!Form_Parse(shape, maxi, maxj, maxk, &f)) return;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
     if (edge < 0 || edge >= Form_NumEdge(&f)) return;
     int m = Form_EdgeRaw(&f, edge, pos);
-    Copy(pos, Mask_Apply(&f, pos, m), num, positions);
+    Copy(pos, vis_ElemForm_Compact(&f, pos, m), num, positions);
 }
 
 void vis_ElemEdgeCorners(int shape, int maxi, int maxj, int maxk, int edge, int* num,
@@ -738,39 +521,39 @@ void vis_ElemEdgeCorners(int shape, int maxi, int maxj, int maxk, int edge, int*
 void vis_ElemFaceNodes(int shape, int maxi, int maxj, int maxk, int face, int* num,
                        int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXFACENODE];
     if (!num) return;
     *num = 0;
-    if (!Form_Parse(shape, maxi, maxj, maxk, &f)) return;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
     int kind = Form_FaceKind(&f, face);
     if (kind == FACE_NONE) return;
     if (kind == FACE_SELF) {
-        Sequence(Form_Count(&f), num, positions);
+        Sequence(vis_ElemForm_Count(&f), num, positions);
         return;
     }
     int m = Form_FaceRaw(&f, face, pos);
-    Copy(pos, Mask_Apply(&f, pos, m), num, positions);
+    Copy(pos, vis_ElemForm_Compact(&f, pos, m), num, positions);
 }
 
 void vis_ElemFaceCorners(int shape, int maxi, int maxj, int maxk, int face, int* num,
                          int* positions)
 {
-    ElemForm f;
+    vis_ElemForm f;
     int pos[VIS_ELEM_MAXCORNER];
     if (!num) return;
     *num = 0;
-    if (!Form_Parse(shape, maxi, maxj, maxk, &f)) return;
+    if (!vis_ElemForm_Parse(shape, maxi, maxj, maxk, &f)) return;
     int kind = Form_FaceKind(&f, face);
     if (kind == FACE_NONE) return;
-    if (f.form == FORM_POLYGON) {
+    if (f.form == VIS_ELEMFORM_POLYGON) {
         Sequence(f.nraw, num, positions);
         return;
     }
     const vis_ElemShapeDef* d = Def(shape);
     int nc = d->facesize[face];
     for (int c = 0; c < nc; c++) pos[c] = Form_CornerPos(&f, d->faces[face][c]);
-    Copy(pos, Mask_Apply(&f, pos, nc), num, positions);
+    Copy(pos, vis_ElemForm_Compact(&f, pos, nc), num, positions);
 }
 
 void vis_ElemFlip(int maxi, int* positions)

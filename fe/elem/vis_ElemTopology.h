@@ -13,7 +13,8 @@
  *
  * The forms of the tuple, by shape (i = maxi or 2, j = low half of maxj, k = maxk):
  *
- *   line     i nodes in order along the line, node 0 at r = -1, node i-1 at r = 1.
+ *   line     j 0: serendipity, its ends (r = -1, then r = 1) first, then the interior nodes
+ *            from the first end to the second. Other j: i nodes in order along the line.
  *   tri      j 0: serendipity. j = i: Lagrange. Other j: a line of i nodes plus an apex node.
  *   quad     j 0: serendipity. Otherwise Lagrange, i by j.
  *   tet      j 0, k 0: serendipity. j 0, k not 0: serendipity triangle plus an apex node.
@@ -34,13 +35,14 @@
  * Orientation. Face corners are listed counter-clockwise seen from outside: the right-hand normal
  * of a face points out of the element.
  *
- * Edge nodes are listed from the edge's first corner to its second. Face nodes of a serendipity,
- * apex or layered base face are its corners in the face table's order, then the interior nodes of
- * its edges in the order of the face's edges (each run read along the face's direction of
- * travel). A face that is itself a Lagrange lattice (faces of Lagrange elements, the side faces
- * of layered elements) lists its nodes in its own lexical order, first index from face corner 0
- * towards face corner 1, second index towards the last face corner. Either way the list is the
- * node order of the element that vis_ElemFaceTopo returns for the face.
+ * Edge nodes are listed from the edge's first corner to its second. Face nodes of every form
+ * are the face's corners in the face table's order, then the interior nodes of its edges in the
+ * order of the face's edges (each run read along the face's direction of travel, reversed with
+ * vis_ElemFlip where the face runs against the edge), then the face's interior nodes: those of
+ * a lattice face in its own lexical order, first index from face corner 0 towards face corner
+ * 1, second index towards the last face corner. The face of a plane element is read the same
+ * way, so a Lagrange quadrilateral's face is not its node list in lexical order. The face's
+ * tuple (vis_ElemFaceTopo) gives its shape and counts, not this order.
  *
  * A mask removes the interior nodes of the masked edges from the list; everything that follows
  * closes up. All functions work on the unmasked form and then renumber. Each masked edge loses
@@ -116,9 +118,9 @@ void vis_ElemEdgeTopo(int shape, int maxi, int maxj, int maxk, int edge, int* ma
 void vis_ElemFaceTopo(int shape, int maxi, int maxj, int maxk, int face, int* faceshape,
                       int* facemaxi, int* facemaxj);
 
-/* Node positions (from 0) of one edge, from its first corner to its second, and of one face in
- * the order of its own tuple. At most VIS_ELEM_MAXSIDE and VIS_ELEM_MAXFACENODE entries; a
- * polygon's face is its whole list. */
+/* Node positions (from 0) of one edge, from its first corner to its second, and of one face:
+ * corners, edge runs, face interior (see above). At most VIS_ELEM_MAXSIDE and
+ * VIS_ELEM_MAXFACENODE entries; a polygon's face is its whole list. */
 void vis_ElemEdgeNodes(int shape, int maxi, int maxj, int maxk, int edge, int* num,
                        int* positions);
 void vis_ElemFaceNodes(int shape, int maxi, int maxj, int maxk, int face, int* num,

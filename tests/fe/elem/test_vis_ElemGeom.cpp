@@ -76,6 +76,16 @@ TEST(ElemNormal, LinesAndPolygons)
     float zero[6] = {1, 1, 1, 1, 1, 1};
     vis_ElemNormal(SYS_SHAPE_LINE, 0, 0, zero, n);
     ExpectVec(n, 1, 0, 0);
+    // A quadratic line lists its ends first: the direction is node 1 - node 0 = (0,0,2), not
+    // towards the bent mid node 2 at (0,1,1); (0,0,1) x (1,0,0) = (0,1,0) at all three nodes.
+    float bent[9] = {0, 0, 0, 0, 0, 2, 0, 1, 1}, bn[9];
+    vis_ElemNormal(SYS_SHAPE_LINE, 3, 0, bent, bn);
+    for (int p = 0; p < 3; p++) ExpectVec(bn + 3 * p, 0, 1, 0);
+    // Ends that meet: the direction is from the first end to the next node along the line,
+    // the first interior node 2 at (3,0,0): (1,0,0) x (0,1,0) = (0,0,1).
+    float closed[12] = {0, 0, 0, 0, 0, 0, 3, 0, 0, 3, 3, 0}, cn[12];
+    vis_ElemNormal(SYS_SHAPE_LINE, 4, 0, closed, cn);
+    for (int p = 0; p < 4; p++) ExpectVec(cn + 3 * p, 0, 0, 1);
     float poly[15] = {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 0, 0, 0}, pn[15];
     vis_ElemNormal(SYS_SHAPE_POLYGON, 5, 0, poly, pn);
     for (int p = 0; p < 5; p++) ExpectVec(pn + 3 * p, 0, 0, 1);

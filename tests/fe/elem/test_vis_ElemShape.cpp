@@ -157,6 +157,39 @@ TEST(ElemShape, LinearPyramidClosedForm)
     EXPECT_DOUBLE_EQ(N[4], (1 + 0.3) / 2);
 }
 
+// maxi 0 and maxi 2 are the same linear pyramid: base corner c (natural rc, sc) has
+// (1 + rc r)(1 + sc s)(1 - t) / 8 with derivatives rc (1 + sc s)(1 - t) / 8,
+// sc (1 + rc r)(1 - t) / 8 and -(1 + rc r)(1 + sc s) / 8; the apex (1 + t) / 2 with 0, 0, 1/2.
+TEST(ElemShape, LinearPyramidIsTheSameForMaxiZeroAndTwo)
+{
+    const double rc[4] = {-1, 1, 1, -1}, sc[4] = {-1, -1, 1, 1};
+    const double pts[5][3] = {{0.2, -0.4, 0.3}, {0, 0, -1}, {-0.9, 0.7, -0.95}, {0.01, -0.02, 0.9},
+                              {0.5, 0.5, 0}};
+    for (const auto& x : pts) {
+        double N0[5], d0[15], N2[5], d2[15];
+        vis_ElemShape3Ddv(0, SYS_SHAPE_PYR, 0, 0, 0, x, N0, d0);
+        vis_ElemShape3Ddv(0, SYS_SHAPE_PYR, 2, 0, 0, x, N2, d2);
+        double r = x[0], s = x[1], t = x[2];
+        for (int c = 0; c < 4; c++) {
+            EXPECT_NEAR(N2[c], (1 + rc[c] * r) * (1 + sc[c] * s) * (1 - t) / 8, 1e-15);
+            EXPECT_NEAR(d2[3 * c], rc[c] * (1 + sc[c] * s) * (1 - t) / 8, 1e-15);
+            EXPECT_NEAR(d2[3 * c + 1], sc[c] * (1 + rc[c] * r) * (1 - t) / 8, 1e-15);
+            EXPECT_NEAR(d2[3 * c + 2], -(1 + rc[c] * r) * (1 + sc[c] * s) / 8, 1e-15);
+        }
+        EXPECT_NEAR(N2[4], (1 + t) / 2, 1e-15);
+        EXPECT_NEAR(d2[12], 0, 1e-15);
+        EXPECT_NEAR(d2[13], 0, 1e-15);
+        EXPECT_NEAR(d2[14], 0.5, 1e-15);
+        for (int p = 0; p < 5; p++) EXPECT_EQ(N0[p], N2[p]) << p;
+        for (int p = 0; p < 15; p++) EXPECT_EQ(d0[p], d2[p]) << p;
+        float xf[3] = {(float)x[0], (float)x[1], (float)x[2]}, Nf0[5], df0[15], Nf2[5], df2[15];
+        vis_ElemShape3D(0, SYS_SHAPE_PYR, 0, 0, 0, xf, Nf0, df0);
+        vis_ElemShape3D(0, SYS_SHAPE_PYR, 2, 0, 0, xf, Nf2, df2);
+        for (int p = 0; p < 5; p++) EXPECT_EQ(Nf0[p], Nf2[p]) << p;
+        for (int p = 0; p < 15; p++) EXPECT_EQ(df0[p], df2[p]) << p;
+    }
+}
+
 TEST(ElemShape, ModesWriteOnlyWhatIsAsked)
 {
     double x[3] = {0.1, 0.2, 0.3}, N[20], dN[60];
@@ -337,7 +370,7 @@ TEST(ElemShape, InvalidTuplesWriteNothing)
 
 // ------------------------------------------------------------------ mid-side fill ----
 
-TEST(ElemMidside, ReproducesALinearFieldEverywhere)
+TEST(ElemMidside, ReproducesALinearField)
 {
     std::vector<Tuple> forms = AllForms();
     for (int i = 3; i <= 4; i++) forms.push_back({SYS_SHAPE_LINE, i, 0, 0});
@@ -349,8 +382,13 @@ TEST(ElemMidside, ReproducesALinearFieldEverywhere)
         double nat[3 * VIS_ELEM_MAXNODE], data[2 * VIS_ELEM_MAXNODE];
         float dataf[2 * VIS_ELEM_MAXNODE];
         vis_ElemNodeNaturaldv(t.shape, t.maxi, t.maxj, t.maxk, nat);
-        auto f0 = [&](int p) { return 1.5 + 2 * nat[3 * p] - 3 * nat[3 * p + 1] + 0.5 * nat[3 * p + 2]; };
-        auto f1 = [&](int p) { return -nat[3 * p] + 4 * nat[3 * p + 2]; };
+        // The linear pyramid reproduces constants and t everywhere, but r and s only on its
+        // base ((1 - t) / 2 scales them), so pyramids are checked with fields of t alone.
+        double kr = t.shape == SYS_SHAPE_PYR ? 0 : 1;
+        auto f0 = [&](int p) {
+            return 1.5 + kr * (2 * nat[3 * p] - 3 * nat[3 * p + 1]) + 0.5 * nat[3 * p + 2];
+        };
+        auto f1 = [&](int p) { return -kr * nat[3 * p] + 4 * nat[3 * p + 2]; };
         int nc = 0, pos[VIS_ELEM_MAXCORNER];
         vis_ElemCornerCount(t.shape, 0, &nc);
         vis_ElemCorners(t.shape, t.maxi, t.maxj, t.maxk, pos);
@@ -369,6 +407,93 @@ TEST(ElemMidside, ReproducesALinearFieldEverywhere)
             ASSERT_NEAR(dataf[2 * p], f0(p), 1e-5) << p;
         }
     }
+}
+
+// Corner values 1, 10, 100, 1000, 10000 of a pyramid, one component.
+const double kPyrCorners[5] = {1, 10, 100, 1000, 10000};
+
+// Sum over the corners of the linear pyramid function times the corner value, with the
+// weights given in 1/den (base corners 0 to 3, apex).
+double PyrWeighted(const double* w, double den)
+{
+    double v = 0;
+    for (int c = 0; c < 5; c++) v += w[c] * kPyrCorners[c];
+    return v / den;
+}
+
+TEST(ElemMidside, CubicPyramidTakesAllFiveCorners)
+{
+    // Serendipity pyramid of maxi 4: 21 nodes, edge e's run at 5 + 2 e, 6 + 2 e. Edge 4 runs
+    // from corner 0 (-1,-1,-1) to the apex (0,0,1): position 13 one third along it at
+    // (-2/3,-2/3,-1/3), position 14 two thirds along at (-1/3,-1/3,1/3).
+    double data[21];
+    for (double& v : data) v = -1;
+    for (int c = 0; c < 5; c++) data[c] = kPyrCorners[c];
+    vis_ElemMidsidedv(SYS_SHAPE_PYR, 4, 0, 0, 1, data);
+    // At (-2/3,-2/3,-1/3): corner 0 (5/3)(5/3)(4/3)/8 = 25/54, corners 1 and 3
+    // (1/3)(5/3)(4/3)/8 = 5/54, corner 2 (1/3)(1/3)(4/3)/8 = 1/54, apex (2/3)/2 = 18/54.
+    const double w13[5] = {25, 5, 1, 5, 18};
+    EXPECT_NEAR(data[13], PyrWeighted(w13, 54), 1e-9);
+    // At (-1/3,-1/3,1/3): (4/3)(4/3)(2/3)/8 = 4/27, (2/3)(4/3)(2/3)/8 = 2/27,
+    // (2/3)(2/3)(2/3)/8 = 1/27, apex (4/3)/2 = 18/27.
+    const double w14[5] = {4, 2, 1, 2, 18};
+    EXPECT_NEAR(data[14], PyrWeighted(w14, 27), 1e-9);
+    // Not the mean of the edge's two ends: 2/3 of corner 0 and 1/3 of the apex is 3334.
+    EXPECT_GT(std::fabs(data[13] - (2.0 / 3 * 1 + 1.0 / 3 * 10000)), 1.0);
+    // Base edge 0 one third along (-1/3,-1,-1): s = -1 leaves corners 0 and 1 only,
+    // (4/3)(2)(2)/8 = 2/3 and (2/3)(2)(2)/8 = 1/3.
+    EXPECT_NEAR(data[5], 2.0 / 3 * 1 + 1.0 / 3 * 10, 1e-12);
+    float dataf[21];
+    for (int p = 0; p < 21; p++) dataf[p] = p < 5 ? (float)kPyrCorners[p] : -1.0f;
+    vis_ElemMidside(SYS_SHAPE_PYR, 4, 0, 0, 1, dataf);
+    EXPECT_NEAR(dataf[13], PyrWeighted(w13, 54), 1e-3);
+}
+
+TEST(ElemMidside, QuadraticPyramidQuickAndGeneralForms)
+{
+    // The plain quadratic pyramid takes the quick form: the mid node of edge 4 (position
+    // 5 + 4 = 9) is the mean of corner 0 and the apex.
+    double data[13];
+    for (double& v : data) v = -1;
+    for (int c = 0; c < 5; c++) data[c] = kPyrCorners[c];
+    vis_ElemMidsidedv(SYS_SHAPE_PYR, 3, 0, 0, 1, data);
+    EXPECT_DOUBLE_EQ(data[9], 0.5 * (1 + 10000));
+    // With edge 0 masked it takes the general form; edge 4's mid node moves to position 8 and
+    // sits at (-1/2,-1/2,0): corner 0 (3/2)(3/2)(1)/8 = 9/32, corners 1 and 3 (1/2)(3/2)/8 =
+    // 3/32, corner 2 (1/2)(1/2)/8 = 1/32, apex 1/2 = 16/32.
+    double masked[12];
+    for (double& v : masked) v = -1;
+    for (int c = 0; c < 5; c++) masked[c] = kPyrCorners[c];
+    vis_ElemMidsidedv(SYS_SHAPE_PYR, 3, 1 << 16, 0, 1, masked);
+    const double w[5] = {9, 3, 1, 3, 16};
+    EXPECT_NEAR(masked[8], PyrWeighted(w, 32), 1e-9);
+    // Edge 1 (1-2) keeps its mid node at position 5: the mean of corners 1 and 2 (s = 0
+    // halves, r = 1 drops corners 0 and 3, t = -1 drops the apex).
+    EXPECT_NEAR(masked[5], 0.5 * (10 + 100), 1e-12);
+}
+
+TEST(ElemMidside, LinesReadEndsFirst)
+{
+    // Serendipity lines: ends at positions 0 and 1, interior nodes after them. A cubic line
+    // has node 2 at r = -1/3 (2/3 of the first end, 1/3 of the second) and node 3 at 1/3.
+    double nat[12];
+    vis_ElemNodeNaturaldv(SYS_SHAPE_LINE, 4, 0, 0, nat);
+    const double want[4] = {-1, 1, -1.0 / 3, 1.0 / 3};
+    for (int p = 0; p < 4; p++) EXPECT_NEAR(nat[3 * p], want[p], 1e-15) << p;
+    double data[8] = {3, 30, 6, 60, -1, -1, -1, -1};
+    vis_ElemMidsidedv(SYS_SHAPE_LINE, 4, 0, 0, 2, data);
+    EXPECT_NEAR(data[4], 2.0 / 3 * 3 + 1.0 / 3 * 6, 1e-12);
+    EXPECT_NEAR(data[5], 2.0 / 3 * 30 + 1.0 / 3 * 60, 1e-12);
+    EXPECT_NEAR(data[6], 1.0 / 3 * 3 + 2.0 / 3 * 6, 1e-12);
+    EXPECT_NEAR(data[7], 1.0 / 3 * 30 + 2.0 / 3 * 60, 1e-12);
+    // Quadratic line: node 2 in the middle, the mean of the ends.
+    float line3[3] = {4, 8, -1};
+    vis_ElemMidside(SYS_SHAPE_LINE, 3, 0, 0, 1, line3);
+    EXPECT_FLOAT_EQ(line3[2], 6);
+    // A line of low maxj not 0 is a lattice: nodes in order from -1 to 1.
+    vis_ElemNodeNaturaldv(SYS_SHAPE_LINE, 4, 4, 0, nat);
+    const double lat[4] = {-1, -1.0 / 3, 1.0 / 3, 1};
+    for (int p = 0; p < 4; p++) EXPECT_NEAR(nat[3 * p], lat[p], 1e-15) << p;
 }
 
 TEST(ElemMidside, LinearTuplesAndFreeShapesAreLeftAlone)

@@ -3,6 +3,8 @@
 // coordinates in the documented node order.
 #include "vis_ElemTopology.h"
 
+#include "vis_ElemShape.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -173,8 +175,9 @@ void FaceTopo(int s, int i, int j, int k, int f, int* fs, int* fi, int* fj)
 
 // ------------------------------------------------------------- reference elements ----
 // Natural coordinates of all nodes of a tuple, built from the documented node order:
-// serendipity corners then edge runs; Lagrange lattices in lexical order; apex forms base then
-// apex; layered forms base per layer. Masked edges lose the nodes strictly inside them.
+// serendipity corners then edge runs (a line of low maxj 0 is serendipity: its two ends, then
+// its interior nodes from the first end); Lagrange lattices in lexical order; apex forms base
+// then apex; layered forms base per layer. Masked edges lose the nodes strictly inside them.
 
 bool SideOk(int n) { return n >= 2 && n <= VIS_ELEM_MAXSIDE; }
 
@@ -252,7 +255,9 @@ bool Unmasked(int shape, int maxi, int j, int k, std::vector<V3>& x)
     std::vector<V3> quadBase(kNatural[5].begin(), kNatural[5].begin() + 4);
     switch (shape) {
     case SYS_SHAPE_LINE:
-        for (int t = 0; t < i; t++) x.push_back({-1 + 2.0 * t / (i - 1), 0, 0});
+        if (j == 0) x = SerShape(1, i);
+        else
+            for (int t = 0; t < i; t++) x.push_back({-1 + 2.0 * t / (i - 1), 0, 0});
         return true;
     case SYS_SHAPE_TRI:
         if (j == 0) x = SerShape(2, i);
@@ -375,6 +380,47 @@ std::string Tuple(int s, int i, int j, int k)
     return buf;
 }
 
+int IndexOf(const std::vector<V3>& x, V3 p)
+{
+    for (size_t a = 0; a < x.size(); a++)
+        if (Near(x[a], p)) return (int)a;
+    return -1;
+}
+
+bool OnBoundary(V3 p, const std::vector<V3>& q)
+{
+    for (size_t v = 0; v < q.size(); v++)
+        if (Near(p, q[v]) || Inside(p, q[v], q[(v + 1) % q.size()])) return true;
+    return false;
+}
+
+// The node list of a face by the rule, derived from the places of the element's nodes x: the
+// face corners q in the table's order; then, face edge by face edge, the nodes strictly inside
+// the edge ordered by their distance from the face corner the edge starts at; then the nodes
+// inside the face, in the face's own lattice order (its reference element of tuple fs, fi,
+// fj mapped onto the face). A place with no node gives -1.
+std::vector<int> RuleFace(const std::vector<V3>& x, const std::vector<V3>& q, int fs, int fi,
+                          int fj)
+{
+    std::vector<int> out;
+    for (V3 c : q) out.push_back(IndexOf(x, c));
+    for (size_t v = 0; v < q.size(); v++) {
+        V3 a = q[v], b = q[(v + 1) % q.size()];
+        std::vector<std::pair<double, int>> run;
+        for (size_t p = 0; p < x.size(); p++)
+            if (Inside(x[p], a, b)) run.push_back({Len(x[p] - a), (int)p});
+        std::sort(run.begin(), run.end());
+        for (auto& r : run) out.push_back(r.second);
+    }
+    std::vector<V3> fx;
+    Reference(fs, fi, fj, 0, fx);
+    for (V3 rs : fx) {
+        V3 p = MapFace(fs, rs, q);
+        if (!OnBoundary(p, q)) out.push_back(IndexOf(x, p));
+    }
+    return out;
+}
+
 // Every check of one valid tuple of shapes 1 to 7 against its reference element.
 void CheckEdges(int s, int i, int j, int k, const std::vector<V3>& x)
 {
@@ -427,22 +473,13 @@ void CheckSolidFace(int s, int i, int j, int k, int f, const std::vector<V3>& x)
     for (V3 p : x) on += OnFace(p, q);
     EXPECT_EQ(on, (int)nodes.size()) << "nodes on the face that the list misses";
 
-    // The list is the node order of the face's own tuple.
+    // The list follows the face rule: corners, edge runs, face interior.
     int fs, fi, fj;
     FaceTopo(s, i, j, k, f, &fs, &fi, &fj);
     ASSERT_EQ(fs, fc.size() == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD);
-    std::vector<V3> fx;
-    ASSERT_TRUE(Reference(fs, fi, fj, 0, fx)) << Tuple(fs, fi, fj, 0);
-    ASSERT_EQ(fx.size(), nodes.size()) << Tuple(fs, fi, fj, 0);
-    EXPECT_EQ(Num(fs, fi, fj, 0), (int)nodes.size());
-    for (size_t t = 0; t < nodes.size(); t++)
-        EXPECT_TRUE(Near(x[nodes[t]], MapFace(fs, fx[t], q)))
-            << "face node " << t << " at " << Str(x[nodes[t]]) << " face tuple "
-            << Tuple(fs, fi, fj, 0);
-    // The face's corners within its own list are the element's face corners.
-    std::vector<int> own = Corners(fs, fi, fj, 0);
-    for (size_t v = 0; v < own.size() && v < fcorn.size(); v++)
-        EXPECT_EQ(nodes[own[v]], fcorn[v]);
+    EXPECT_EQ(Num(fs, fi, fj, 0), (int)nodes.size()) << Tuple(fs, fi, fj, 0);
+    EXPECT_EQ(nodes, RuleFace(x, q, fs, fi, fj)) << "face tuple " << Tuple(fs, fi, fj, 0);
+    for (size_t v = 0; v < fcorn.size() && v < nodes.size(); v++) EXPECT_EQ(nodes[v], fcorn[v]);
     // Each edge of the face runs between consecutive face corners, its count as the face says.
     std::vector<int> fe = FaceEdges(s, f);
     ASSERT_EQ(fe.size(), fc.size());
@@ -485,9 +522,8 @@ bool CheckTuple(int s, int i, int j, int k)
     }
     CheckEdges(s, i, j, k, x);
     if (s == SYS_SHAPE_TRI || s == SYS_SHAPE_QUAD) {
-        std::vector<int> all(num);
-        for (int p = 0; p < num; p++) all[p] = p;
-        EXPECT_EQ(FaceNodes(s, i, j, k, 0), all);
+        // The one face of a plane element follows the face rule over the element's own nodes.
+        EXPECT_EQ(FaceNodes(s, i, j, k, 0), RuleFace(x, kNatural[s], s, i, j));
         EXPECT_EQ(FaceCorners(s, i, j, k, 0), corner);
         int fs, fi, fj;
         FaceTopo(s, i, j, k, 0, &fs, &fi, &fj);
@@ -883,13 +919,20 @@ TEST(ElemTopology, SerendipityEdgeRuns)
     EXPECT_EQ(fj, Mask(0xa));  // face edges 1 and 3 are hexahedron edges 2 and 0
 }
 
+// Faces of Lagrange forms list their corners in the face table's order, then the interior
+// nodes of the face's edges edge by edge (each run read from the face's corner towards the
+// next), then the face's interior nodes in the face's own lattice order. The expected lists
+// are worked out from the lexical lattice positions given in each comment.
 TEST(ElemTopology, LagrangeFaces)
 {
-    // 3x3x3 hexahedron: face 0 runs from corner 0 towards corner 3 first.
+    // 3x3x3 hexahedron: position = a + 3 b + 9 c. Face 0 is corners 0-3-2-1 at 0, 6, 8, 2; its
+    // edges 3, 2, 1, 0 run 0>3 (mid 3), 3>2 (mid 7), 2>1 (mid 5), 1>0 (mid 1); centre 4.
     EXPECT_EQ(FaceNodes(SYS_SHAPE_HEX, 3, 3, 3, 0),
-              (std::vector<int>{0, 3, 6, 1, 4, 7, 2, 5, 8}));
+              (std::vector<int>{0, 6, 8, 2, 3, 7, 5, 1, 4}));
+    // Face 1: corners 4-5-6-7 at 18, 20, 26, 24; edges 4>5 (19), 5>6 (23), 6>7 (25), 7>4 (21);
+    // centre 22.
     EXPECT_EQ(FaceNodes(SYS_SHAPE_HEX, 3, 3, 3, 1),
-              (std::vector<int>{18, 19, 20, 21, 22, 23, 24, 25, 26}));
+              (std::vector<int>{18, 20, 26, 24, 19, 23, 25, 21, 22}));
     int fs, fi, fj;
     FaceTopo(SYS_SHAPE_HEX, 2, 3, 4, 2, &fs, &fi, &fj);
     EXPECT_EQ(fs, SYS_SHAPE_QUAD);
@@ -898,18 +941,100 @@ TEST(ElemTopology, LagrangeFaces)
     FaceTopo(SYS_SHAPE_HEX, 2, 3, 4, 0, &fs, &fi, &fj);
     EXPECT_EQ(fi, 3);
     EXPECT_EQ(fj, 2);
-    // Quadratic Lagrange tetrahedron: face 3 is a quadratic triangle.
+    // Quadratic Lagrange tetrahedron: face 3 is a quadratic triangle. Lattice: layer 0 rows
+    // 0 1 2 / 3 4 / 5, layer 1 rows 6 7 / 8, apex 9. Face 3 is corners 1-2-3 at 2, 5, 9; its
+    // edges 1 (1>2: mid 4), 5 (2>3: mid 8), 4 read 3>1 (mid 7).
     FaceTopo(SYS_SHAPE_TET, 3, 3, 3, 3, &fs, &fi, &fj);
     EXPECT_EQ(fs, SYS_SHAPE_TRI);
     EXPECT_EQ(fi, 3);
     EXPECT_EQ(fj, 3);
-    EXPECT_EQ(FaceNodes(SYS_SHAPE_TET, 3, 3, 3, 3), (std::vector<int>{2, 4, 5, 7, 8, 9}));
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_TET, 3, 3, 3, 3), (std::vector<int>{2, 5, 9, 4, 8, 7}));
+    // Cubic Lagrange tetrahedron: layer 0 rows 0 1 2 3 / 4 5 6 / 7 8 / 9, layer 1 rows
+    // 10 11 12 / 13 14 / 15, layer 2 rows 16 17 / 18, apex 19. Face 0 is corners 0-2-1 at
+    // 0, 9, 3; edge 2 read 0>2 (4, 7), edge 1 read 2>1 (8, 6), edge 0 read 1>0 (2, 1); centre
+    // of the base 5.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_TET, 4, 4, 4, 0),
+              (std::vector<int>{0, 9, 3, 4, 7, 8, 6, 2, 1, 5}));
+    // Face 3 is corners 1-2-3 at 3, 9, 19; edge 1 (6, 8), edge 5 from (0,3,0) up through
+    // (0,2,1) and (0,1,2) (15, 18), edge 4 read 3>1 through (1,0,2) and (2,0,1) (17, 12);
+    // centre (1,1,1) at 14.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_TET, 4, 4, 4, 3),
+              (std::vector<int>{3, 9, 19, 6, 8, 15, 18, 17, 12, 14}));
+}
+
+TEST(ElemTopology, LagrangeWedgeAndPyramidFaces)
+{
+    // Quadratic Lagrange wedge 3, 3, 3: each layer is the triangle 0 1 2 / 3 4 / 5, layers
+    // 6 apart. Face 0 is corners 0-2-1 at 0, 5, 2; edge 2 read 0>2 (3), edge 1 read 2>1 (4),
+    // edge 0 read 1>0 (1).
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_WED, 3, 3, 3, 0), (std::vector<int>{0, 5, 2, 3, 4, 1}));
+    // Face 2 is corners 0-1-4-3 at 0, 2, 14, 12; edges 0 (1), 7 up from 2 (8), 3 read 4>3
+    // (13), 6 read 3>0 (6); centre (1, 0, 1) at 7.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_WED, 3, 3, 3, 2),
+              (std::vector<int>{0, 2, 14, 12, 1, 8, 13, 6, 7}));
+    // Quadratic Lagrange pyramid 3, 3, 3: base 0..8 (rows of three), layer 1 the square
+    // 9 10 / 11 12, apex 13. Face 0 reads the base like the hexahedron's face 0.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_PYR, 3, 3, 3, 0),
+              (std::vector<int>{0, 6, 8, 2, 3, 7, 5, 1, 4}));
+    // Face 1 is corners 0-1-4 at 0, 2, 13; edge 0 (1), edge 5 from corner 1 (10), edge 4
+    // read from the apex down (9).
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_PYR, 3, 3, 3, 1), (std::vector<int>{0, 2, 13, 1, 10, 9}));
+    // Face 3 is corners 2-3-4 at 8, 6, 13; edge 2 (7), edge 7 from corner 3 (11), edge 6
+    // read from the apex down to corner 2 (12).
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_PYR, 3, 3, 3, 3), (std::vector<int>{8, 6, 13, 7, 11, 12}));
+    // Lagrange base plus apex, 3 by 2: base 0 1 2 / 3 4 5, apex 6. Face 0 is corners 0-3-2-1
+    // at 0, 3, 5, 2; the edges along the 2-node direction have no interior; edge 2 read 3>2
+    // (4), edge 0 read 1>0 (1); no face interior.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_PYR, 3, 2, 0, 0), (std::vector<int>{0, 3, 5, 2, 4, 1}));
+}
+
+TEST(ElemTopology, MaskedLagrangeFaces)
+{
+    // Hexahedron 3, 3, 3 with edge 0 masked: position 1 goes, every later position moves down
+    // by one. Face 0 was 0 6 8 2 3 7 5 1 4; face 1 was 18 20 26 24 19 23 25 21 22.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_HEX, 3, 3 | Mask(1), 3, 0),
+              (std::vector<int>{0, 5, 7, 1, 2, 6, 4, 3}));
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_HEX, 3, 3 | Mask(1), 3, 1),
+              (std::vector<int>{17, 19, 25, 23, 18, 22, 24, 20, 21}));
+    // Quadrilateral 3, 3 with edge 1 masked: position 5 goes. The face was 0 2 8 6 1 5 7 3 4.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_QUAD, 3, 3 | Mask(2), 0, 0),
+              (std::vector<int>{0, 2, 7, 5, 1, 6, 3, 4}));
+    // Wedge 3, 3, 3 with edge 7 (1-4) masked: position 8 goes. Face 2 was
+    // 0 2 14 12 1 8 13 6 7.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_WED, 3, 3 | Mask(0x80), 3, 2),
+              (std::vector<int>{0, 2, 13, 11, 1, 12, 6, 7}));
+    // Pyramid 3, 3, 3 with edge 4 (0-4) masked: position 9 goes. Face 1 was 0 2 13 1 10 9.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_PYR, 3, 3 | Mask(0x10), 3, 1),
+              (std::vector<int>{0, 2, 12, 1, 9}));
+    // Tetrahedron 3, 3, 3 with edge 5 (2-3) masked: position 8 goes. Face 3 was 2 5 9 4 8 7.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_TET, 3, 3 | Mask(0x20), 3, 3),
+              (std::vector<int>{2, 5, 8, 4, 7}));
 }
 
 TEST(ElemTopology, PlaneAndLineElements)
 {
-    EXPECT_EQ(EdgeNodes(SYS_SHAPE_LINE, 4, 0, 0, 0), (std::vector<int>{0, 1, 2, 3}));
-    EXPECT_EQ(Corners(SYS_SHAPE_LINE, 3, 0, 0), (std::vector<int>{0, 2}));
+    // A line of low maxj 0 is serendipity: its ends at positions 0 and 1, then the interior
+    // nodes from the first end to the second, so the edge reads 0, 2, 3, 1.
+    EXPECT_EQ(EdgeNodes(SYS_SHAPE_LINE, 4, 0, 0, 0), (std::vector<int>{0, 2, 3, 1}));
+    EXPECT_EQ(EdgeNodes(SYS_SHAPE_LINE, 3, 0, 0, 0), (std::vector<int>{0, 2, 1}));
+    EXPECT_EQ(Corners(SYS_SHAPE_LINE, 3, 0, 0), (std::vector<int>{0, 1}));
+    EXPECT_EQ(Corners(SYS_SHAPE_LINE, 4, 0, 0), (std::vector<int>{0, 1}));
+    // Masked, the cubic line keeps only its ends.
+    EXPECT_EQ(EdgeNodes(SYS_SHAPE_LINE, 4, Mask(1), 0, 0), (std::vector<int>{0, 1}));
+    // With low maxj not 0 the line is a lattice: nodes in order along it.
+    EXPECT_EQ(EdgeNodes(SYS_SHAPE_LINE, 4, 4, 0, 0), (std::vector<int>{0, 1, 2, 3}));
+    EXPECT_EQ(Corners(SYS_SHAPE_LINE, 4, 4, 0), (std::vector<int>{0, 3}));
+    // Quadrilateral 3, 3 (rows 0 1 2 / 3 4 5 / 6 7 8): corners 0 2 8 6, mid nodes of edges
+    // 0 to 3 (1, 5, 7, 3), centre 4.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_QUAD, 3, 3, 0, 0),
+              (std::vector<int>{0, 2, 8, 6, 1, 5, 7, 3, 4}));
+    // Triangle 4, 4 (rows 0 1 2 3 / 4 5 6 / 7 8 / 9): corners 0 3 9, edge 0 (1, 2), edge 1
+    // (6, 8), edge 2 from corner 2 back to corner 0 (7, 4), centre 5.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_TRI, 4, 4, 0, 0),
+              (std::vector<int>{0, 3, 9, 1, 2, 6, 8, 7, 4, 5}));
+    // A serendipity face keeps the element's own order.
+    EXPECT_EQ(FaceNodes(SYS_SHAPE_QUAD, 4, 0, 0, 0),
+              (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
     EXPECT_TRUE(FaceNodes(SYS_SHAPE_LINE, 3, 0, 0, 0).empty());
     int fs, fi, fj;
     FaceTopo(SYS_SHAPE_LINE, 3, 0, 0, 0, &fs, &fi, &fj);
@@ -944,6 +1069,68 @@ TEST(ElemTopology, EveryFormAgainstReferenceElement)
     // (3, 7, 9, 13, 17, 19, 25).
     const int expected[8] = {0, 432, 1008, 864, 1872, 1768, 1444, 1300};
     for (int s = SYS_SHAPE_LINE; s <= SYS_SHAPE_HEX; s++) EXPECT_EQ(valid[s], expected[s]) << s;
+}
+
+// Every face of every Lagrange form (low maxj not 0), with and without masks, read through the
+// natural coordinates of the element's nodes: the face list covers exactly the nodes on the
+// face; its first entries are the face's corners in the table's order; then come, face edge
+// by face edge, the interior nodes of that edge, each run moving away from the face corner the
+// edge starts at; what is left lies inside the face.
+void CheckLagrangeFaceList(int s, int i, int j, int k, int f, const std::vector<V3>& x)
+{
+    std::vector<V3> q;
+    for (int v : kFaceTable[s][f]) q.push_back(kNatural[s][v]);
+    std::vector<int> nodes = FaceNodes(s, i, j, k, f);
+    ASSERT_TRUE(InRange(nodes, (int)x.size()));
+    int on = 0;
+    for (V3 p : x) on += OnFace(p, q);
+    EXPECT_EQ(on, (int)nodes.size());
+    for (int p : nodes) EXPECT_TRUE(OnFace(x[p], q)) << "node " << p << " at " << Str(x[p]);
+    size_t t = 0;
+    for (size_t v = 0; v < q.size() && t < nodes.size(); v++, t++)
+        EXPECT_TRUE(Near(x[nodes[t]], q[v])) << "corner " << v;
+    for (size_t v = 0; v < q.size(); v++) {
+        int e = kFaceEdgeTable[s][f][v];
+        V3 a = q[v], b = q[(v + 1) % q.size()];
+        double last = 0;
+        for (int n = EdgeTopo(s, i, j, k, e) - 2; n > 0 && t < nodes.size(); n--, t++) {
+            V3 p = x[nodes[t]];
+            EXPECT_TRUE(Inside(p, a, b)) << "face edge " << v << " node " << Str(p);
+            EXPECT_GT(Len(p - a), last + 1e-9) << "face edge " << v << " runs backwards";
+            last = Len(p - a);
+        }
+    }
+    for (; t < nodes.size(); t++) {
+        V3 p = x[nodes[t]];
+        for (size_t v = 0; v < q.size(); v++)
+            EXPECT_FALSE(Near(p, q[v]) || Inside(p, q[v], q[(v + 1) % q.size()]))
+                << "interior node " << Str(p) << " on the boundary";
+    }
+}
+
+TEST(ElemTopology, LagrangeFaceListsFollowTheirFaces)
+{
+    int faces = 0;
+    for (int s = SYS_SHAPE_TRI; s <= SYS_SHAPE_HEX; s++)
+        for (int i = 2; i <= 4; i++)
+            for (int j = 1; j <= 4; j++)
+                for (int k = 0; k <= 4; k++)
+                    for (int m : MaskSet(s)) {
+                        int mj = j | Mask(m), num = Num(s, i, mj, k);
+                        if (num == 0) continue;
+                        SCOPED_TRACE(Tuple(s, i, mj, k));
+                        std::vector<double> nat(3 * num);
+                        vis_ElemNodeNaturaldv(s, i, mj, k, nat.data());
+                        std::vector<V3> x;
+                        for (int p = 0; p < num; p++)
+                            x.push_back({nat[3 * p], nat[3 * p + 1], nat[3 * p + 2]});
+                        for (int f = 0; f < kFaces[s]; f++, faces++) {
+                            SCOPED_TRACE("face " + std::to_string(f));
+                            CheckLagrangeFaceList(s, i, mj, k, f, x);
+                            if (HasFailure()) return;
+                        }
+                    }
+    EXPECT_GT(faces, 1000);
 }
 
 TEST(ElemTopology, Polygon)
