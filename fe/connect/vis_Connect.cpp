@@ -245,6 +245,9 @@ static int vis_Connect_Topology_Grow(vis_Connect* c, int newcount)
         if (oldcap < 0) {
             vsy_Free(c->shape);
             c->shape = nullptr;
+        } else if (cap < oldcap) {
+            /* A failed shrink leaves arrays of both sizes: only the smaller one is safe. */
+            c->elemalloc = cap;
         }
         return 0;
     }
@@ -357,13 +360,20 @@ static int vis_Connect_Reserve(vis_Connect* c, const char* name, int id, int num
     return 1;
 }
 
+/* Length of a scratch array for n entries, with room to spare; 0 when n is beyond any list. */
+static int vis_Connect_ScratchCap(int n)
+{
+    return n < 0 || n > VSY_GROW_MAXCAP ? 0 : n + 100;
+}
+
 int vis_Connect_Scratch(vis_Connect* c)
 {
     if (c->maxelemnode == 0 && GF_SET(c, VIS_GRIDFUN_MAXELEMNODE))
         GF_CALL(c, VIS_GRIDFUN_MAXELEMNODE, vis_GridFunMaxElemNode_t)(c->gridfun->obj, &c->maxelemnode);
     if (c->maxelemnode <= c->elnoixcap && c->elnoix) return 1;
-    int cap = c->maxelemnode + 100;
-    int* a = (int*)vsy_Realloc(c->elnoix, (size_t)cap * sizeof(int));
+    int cap = vis_Connect_ScratchCap(c->maxelemnode);
+    int* a = nullptr;
+    if (cap > 0) a = (int*)vsy_Realloc(c->elnoix, (size_t)cap * sizeof(int));
     if (a) c->elnoix = a;
     int* b = a ? (int*)vsy_Realloc(c->elnoix2, (size_t)cap * sizeof(int)) : nullptr;
     if (b) c->elnoix2 = b;
@@ -380,8 +390,8 @@ int vis_Connect_Scratch(vis_Connect* c)
 static int vis_Connect_ScratchList(vis_Connect* c, int n)
 {
     if (n <= c->scratchcap && c->scratch) return 1;
-    int cap = n + 100;
-    int* s = (int*)vsy_Realloc(c->scratch, (size_t)cap * sizeof(int));
+    int cap = vis_Connect_ScratchCap(n);
+    int* s = cap > 0 ? (int*)vsy_Realloc(c->scratch, (size_t)cap * sizeof(int)) : nullptr;
     if (!s) {
         c->ierr = SYS_ERROR_MEMORY;
         vsy_ErrorNumber("vis_Connect_Scratch", SYS_ERROR_MEMORY);
@@ -636,6 +646,7 @@ void vis_ConnectSetTopology(vis_Connect* c, int id, int shape, int maxi, int max
     int old = c->numelemnode[id];
     if (c->mode == 1) {
         if (num != old) {
+            if (!vis_Connect_ScratchList(c, num)) return;
             vis_Connect_DynamicUnlink(c, id);
             if (!vis_Connect_ScratchList(c, num)) return;
             for (int k = 0; k < num; ++k) c->scratch[k] = 0;
@@ -1445,7 +1456,8 @@ static void vis_Connect_PutAssoc(vis_Connect* c, const char* name, vis_Assoc** t
         return;
     }
     if (node && type == VIS_ASSOC_USERID) value += 1;
-    if (!table[type]) {
+    int created = !table[type];
+    if (created) {
         table[type] = vis_AssocNew();
         if (!table[type]) {
             vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "index= %d", index);
@@ -1473,7 +1485,14 @@ static void vis_Connect_PutAssoc(vis_Connect* c, const char* name, vis_Assoc** t
     }
     if (verb == 0) vis_AssocSet(a, index, value);
     else vis_AssocAdd(a, index, value);
-    vis_Connect_PollAssoc(c, a);
+    int e = vis_AssocError(a);
+    if (!e) return;
+    c->ierr = e;
+    if (created) {
+        /* A failed first value leaves no attribute behind: the type stays absent. */
+        vis_AssocDelete(a);
+        table[type] = nullptr;
+    }
 }
 
 void vis_ConnectSetNodeAssoc(vis_Connect* c, int type, int index, int value)
