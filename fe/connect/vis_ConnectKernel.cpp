@@ -1,5 +1,6 @@
 /* vis_ConnectKernel: the node-to-element table and the queries on it; see vis_ConnectKernel.h. */
 #include "vis_ConnectKernel.h"
+#include "vis_ConnectInternal.h"
 
 #include "vis_Assoc.h"
 #include "vis_ElemGeom.h"
@@ -8,8 +9,6 @@
 
 #include <climits>
 
-#define GF_SET(c, code) ((c)->gridfun && (c)->gridfun->fun[code])
-#define GF_CALL(c, code, T) ((T)(c)->gridfun->fun[code])
 
 /* Most distinct edges vis_Connect_PolyEdge keeps. */
 #define VIS_CONNECT_POLYEDGES 4096
