@@ -42,10 +42,7 @@ void vis_ConnectSetPartName(vis_Connect* c, int id, const char* name)
     char* copy = (char*)vsy_Malloc(len + 1);
     if (!copy || !vis_Connect_Table(&c->partnames)) {
         vsy_Free(copy);
-        c->ierr = SYS_ERROR_MEMORY;
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "name= %s", name);
-        vsy_ErrorMessage("vis_ConnectSetPartName", SYS_ERROR_MEMORY, text);
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetPartName", SYS_ERROR_MEMORY, "name= %s", name);
         return;
     }
     memcpy(copy, name, len + 1);

@@ -41,8 +41,7 @@ void vis_ConnectGridFun(vis_Connect* c, vis_GridFun* gf)
 {
     if (vis_Connect_Null(c, "vis_ConnectGridFun")) return;
     if (!gf) {
-        c->ierr = SYS_ERROR_NULLOBJECT;
-        vsy_ErrorMessage("vis_ConnectGridFun", SYS_ERROR_NULLOBJECT, "GridFun");
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectGridFun", SYS_ERROR_NULLOBJECT, "GridFun");
         return;
     }
     vis_GridFunSetObj(gf, c);

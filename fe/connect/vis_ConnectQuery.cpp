@@ -7,21 +7,6 @@
 #include "vsy_Error.h"
 #include "vsy_RedPre.h"
 
-/* Range reports of the hot paths: the code is reported, `ierr` stays as it is. */
-static void vis_Connect_Range(const char* name, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, SYS_ERROR_VALUE, text);
-}
-
-static void vis_Connect_Range2(const char* name, const char* format, int a, int b)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    vsy_ErrorFormat(text, format, a, b);
-    vsy_ErrorMessage(name, SYS_ERROR_VALUE, text);
-}
-
 /* Reads one node's coordinates in double; zeros when it has none. No checks. */
 static void vis_Connect_ReadNode(vis_Connect* c, int id, double* x)
 {
@@ -72,13 +57,13 @@ int vis_Connect_CheckIds(vis_Connect* c, const char* name, int nix, const int* i
 {
     if (nix < 1 || !ix) {
         if (store) vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "nix= %d", nix);
-        else vis_Connect_Range(name, "nix= %d", nix);
+        else vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "nix= %d", nix);
         return 0;
     }
     for (int k = 0; k < nix; ++k) {
         if (ix[k] < 1 || ix[k] > c->numnode) {
             if (store) vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, ix[k]);
-            else vis_Connect_Range2(name, "ix[%d]= %d", k, ix[k]);
+            else vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "ix[%d]= %d", k, ix[k]);
             return 0;
         }
     }
@@ -140,7 +125,7 @@ void vis_ConnectMaxElemNode(vis_Connect* c, int* num)
 static int vis_Connect_ElemRange(vis_Connect* c, const char* name, int id)
 {
     if (id >= 1 && id <= c->numelem) return 1;
-    vis_Connect_Range(name, "id= %d", id);
+    vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
     return 0;
 }
 
@@ -203,7 +188,7 @@ void vis_ConnectIndElemNode(vis_Connect* c, int id, int index, int* node)
         if (!vis_Connect_Scratch(c) || !vis_Connect_ScratchList(c, c->maxelemnode)) return;
         vis_ConnectElemNode(c, id, &num, c->scratch);
         if (index < 0 || index >= num) {
-            vis_Connect_Range("vis_ConnectIndElemNode", "index= %d", index);
+            vsy_ErrorRecord(nullptr, "vis_ConnectIndElemNode", SYS_ERROR_VALUE, "index= %d", index);
             return;
         }
         *node = c->scratch[index];
@@ -211,7 +196,7 @@ void vis_ConnectIndElemNode(vis_Connect* c, int id, int index, int* node)
     }
     if (!vis_Connect_ElemRange(c, "vis_ConnectIndElemNode", id)) return;
     if (index < 0 || index >= c->numelemnode[id]) {
-        vis_Connect_Range("vis_ConnectIndElemNode", "index= %d", index);
+        vsy_ErrorRecord(nullptr, "vis_ConnectIndElemNode", SYS_ERROR_VALUE, "index= %d", index);
         return;
     }
     if (c->mode == 1) vsy_ChunkListEntry(c->elemlists, id, index, node);
@@ -290,8 +275,7 @@ static void vis_Connect_ExtentT(vis_Connect* c, const char* name, vis_Group* gro
 {
     if (group) {
         /* Node groups are not available yet: any group fails the check. */
-        c->ierr = SYS_ERROR_VALUE;
-        vsy_ErrorNumber(name, SYS_ERROR_VALUE);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "%s", "");
         return;
     }
     if (!extent) return;

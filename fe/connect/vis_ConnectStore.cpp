@@ -253,8 +253,7 @@ void vis_Connect_ReallocTopology(vis_Connect* c, int newcount, int* ierr)
     *ierr = 0;
     if (!vis_Connect_Topology_Grow(c, newcount)) {
         *ierr = SYS_ERROR_MEMORY;
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vis_Connect_ReallocTopology", SYS_ERROR_MEMORY);
+        vsy_ErrorRecord(&c->ierr, "vis_Connect_ReallocTopology", SYS_ERROR_MEMORY, "%s", "");
     }
 }
 
@@ -273,8 +272,7 @@ void vis_Connect_ReallocElemNode(vis_Connect* c, int newsize, int chunk, int* ie
     }
     if (grow) {
         *ierr = SYS_ERROR_MEMORY;
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vis_Connect_ReallocElemNode", SYS_ERROR_MEMORY);
+        vsy_ErrorRecord(&c->ierr, "vis_Connect_ReallocElemNode", SYS_ERROR_MEMORY, "%s", "");
         return;
     }
     for (int k = c->chunkused[chunk]; k <= cap; ++k) p[k] = 0;
@@ -361,8 +359,7 @@ int vis_Connect_Scratch(vis_Connect* c)
     int* b = a ? (int*)vsy_Realloc(c->elnoix2, (size_t)cap * sizeof(int)) : nullptr;
     if (b) c->elnoix2 = b;
     if (!a || !b) {
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vis_Connect_Scratch", SYS_ERROR_MEMORY);
+        vsy_ErrorRecord(&c->ierr, "vis_Connect_Scratch", SYS_ERROR_MEMORY, "%s", "");
         return 0;
     }
     c->elnoixcap = cap;
@@ -376,8 +373,7 @@ int vis_Connect_ScratchList(vis_Connect* c, int n)
     int cap = vis_Connect_ScratchCap(n);
     int* s = cap > 0 ? (int*)vsy_Realloc(c->scratch, (size_t)cap * sizeof(int)) : nullptr;
     if (!s) {
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vis_Connect_Scratch", SYS_ERROR_MEMORY);
+        vsy_ErrorRecord(&c->ierr, "vis_Connect_Scratch", SYS_ERROR_MEMORY, "%s", "");
         return 0;
     }
     c->scratch = s;
@@ -419,8 +415,7 @@ void vis_ConnectPre(vis_Connect* c, int type)
         return;
     }
     if (c->numcoordchunk > 0 && type != c->type) {
-        c->ierr = SYS_ERROR_OPERATION;
-        vsy_ErrorMessage("vis_ConnectPre", SYS_ERROR_OPERATION, "Coordinates already set");
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectPre", SYS_ERROR_OPERATION, "Coordinates already set");
         return;
     }
     c->type = type;
@@ -434,8 +429,7 @@ void vis_ConnectMode(vis_Connect* c, int mode)
         return;
     }
     if (c->numelem > 0 && mode != c->mode) {
-        c->ierr = SYS_ERROR_OPERATION;
-        vsy_ErrorMessage("vis_ConnectMode", SYS_ERROR_OPERATION, "Elements already defined");
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectMode", SYS_ERROR_OPERATION, "Elements already defined");
         return;
     }
     c->mode = mode;
@@ -485,8 +479,7 @@ static void vis_Connect_Extent(vis_Connect* c, const char* name, const double* e
         }
     }
     if (c->numcoordchunk > 0 && c->type == SYS_PRECISION_SHORT) {
-        c->ierr = SYS_ERROR_OPERATION;
-        vsy_ErrorMessage(name, SYS_ERROR_OPERATION, "Coordinates already set");
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_OPERATION, "Coordinates already set");
         return;
     }
     vsy_RedPreExtent(c->redx, e[0], e[3]);
@@ -778,8 +771,7 @@ static void vis_Connect_StoreCoords(vis_Connect* c, const char* name, int id, co
         return;
     }
     if (c->type == SYS_PRECISION_SHORT && !c->extset) {
-        c->ierr = SYS_ERROR_OPERATION;
-        vsy_ErrorMessage(name, SYS_ERROR_OPERATION, "Def not called or extent not set");
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_OPERATION, "Def not called or extent not set");
         return;
     }
     void* p = vis_Connect_CoordMake(c, id);
@@ -884,8 +876,7 @@ void vis_ConnectSetParami(vis_Connect* c, int option, int value)
             return;
         }
         if (c->numcoordchunk > 0) {
-            c->ierr = SYS_ERROR_OPERATION;
-            vsy_ErrorMessage("vis_ConnectSetParami", SYS_ERROR_OPERATION, "Coordinates already set");
+            vsy_ErrorRecord(&c->ierr, "vis_ConnectSetParami", SYS_ERROR_OPERATION, "Coordinates already set");
             return;
         }
         c->coordshift = value;
