@@ -47,9 +47,8 @@ void vis_ConnectSetPartName(vis_Connect* c, int id, const char* name)
     }
     memcpy(copy, name, len + 1);
     vsy_HashTableInsert(c->partnames, id, copy);
-    if (vsy_HashTableError(c->partnames)) {
+    if (vis_Connect_Poll(c, vsy_HashTableError(c->partnames))) {
         vsy_Free(copy);
-        c->ierr = SYS_ERROR_MEMORY;
         return;
     }
     vsy_Free(old);
@@ -82,9 +81,8 @@ void vis_ConnectSetPartIJK(vis_Connect* c, int id, int i, int j, int k)
             return;
         }
         vsy_HashTableInsert(c->partijk, id, rec);
-        if (vsy_HashTableError(c->partijk)) {
+        if (vis_Connect_Poll(c, vsy_HashTableError(c->partijk))) {
             vsy_Free(rec);
-            c->ierr = SYS_ERROR_MEMORY;
             return;
         }
     }
@@ -113,12 +111,6 @@ static int vis_Connect_CheckType(vis_Connect* c, const char* name, int type)
     return 0;
 }
 
-static void vis_Connect_PollAssoc(vis_Connect* c, vis_Assoc* a)
-{
-    int e = vis_AssocError(a);
-    if (e) c->ierr = e;
-}
-
 /* The value a query gives for one entity. Nodes store user ids as id + 1. */
 static int vis_Connect_NodeValue(vis_Assoc* a, int type, int id, int stored)
 {
@@ -145,7 +137,7 @@ void vis_ConnectNodeAssoc(vis_Connect* c, int type, int nix, const int* ix, int*
     vis_Assoc* a = c->nodeassoc[type];
     for (int k = 0; k < nix; ++k)
         values[k] = vis_Connect_NodeValue(a, type, ix[k], a ? vis_AssocGet(a, ix[k]) : 0);
-    if (a) vis_Connect_PollAssoc(c, a);
+    if (a) vis_Connect_Poll(c, vis_AssocError(a));
 }
 
 void vis_ConnectElemAssoc(vis_Connect* c, int type, int nix, const int* ix, int* values)
@@ -196,7 +188,7 @@ static void vis_Connect_AllAssoc(vis_Connect* c, const char* name, vis_Assoc** t
                          : vis_Connect_ElemValue(a, type, index, values[0]);
     if (node && type == VIS_ASSOC_USERID)
         for (int k = 1; k < *num; ++k) values[k] -= 1;
-    vis_Connect_PollAssoc(c, a);
+    vis_Connect_Poll(c, vis_AssocError(a));
 }
 
 void vis_ConnectNumNodeAssoc(vis_Connect* c, int type, int index, int* num)
@@ -258,9 +250,7 @@ static void vis_Connect_PutAssoc(vis_Connect* c, const char* name, vis_Assoc** t
     }
     if (verb == 0) vis_AssocSet(a, index, value);
     else vis_AssocAdd(a, index, value);
-    int e = vis_AssocError(a);
-    if (!e) return;
-    c->ierr = e;
+    if (!vis_Connect_Poll(c, vis_AssocError(a))) return;
     if (created) {
         /* A failed first value leaves no attribute behind: the type stays absent. */
         vis_AssocDelete(a);
@@ -343,12 +333,6 @@ static vis_CHash** vis_Connect_EntTable(vis_Connect* c, const char* name, int ty
     return nullptr;
 }
 
-static void vis_Connect_PollCHash(vis_Connect* c, vis_CHash* h)
-{
-    int e = vis_CHashError(h);
-    if (e) c->ierr = e;
-}
-
 void vis_ConnectElemEntAssoc(vis_Connect* c, int type, int enttype, int id, int no, int* value)
 {
     if (vis_Connect_Null(c, "vis_ConnectElemEntAssoc")) return;
@@ -362,7 +346,7 @@ void vis_ConnectElemEntAssoc(vis_Connect* c, int type, int enttype, int id, int 
     *value = 0;
     if (!*h) return;
     vis_CHashGet(*h, id, no, value);
-    vis_Connect_PollCHash(c, *h);
+    vis_Connect_Poll(c, vis_CHashError(*h));
 }
 
 static void vis_Connect_PutEnt(vis_Connect* c, const char* name, int type, int enttype, int id, int no,
@@ -385,7 +369,7 @@ static void vis_Connect_PutEnt(vis_Connect* c, const char* name, int type, int e
     if (verb == 0) vis_CHashSet(*h, id, no, value);
     else if (verb == 1) vis_CHashAdd(*h, id, no, value);
     else vis_CHashUni(*h, id, no, value);
-    vis_Connect_PollCHash(c, *h);
+    vis_Connect_Poll(c, vis_CHashError(*h));
 }
 
 void vis_ConnectSetElemEntAssoc(vis_Connect* c, int type, int enttype, int id, int no, int value)
@@ -411,7 +395,7 @@ void vis_ConnectNumElemEntAssoc(vis_Connect* c, int type, int enttype, int id, i
     *num = 0;
     if (!*h) return;
     vis_CHashNum(*h, id, no, num);
-    vis_Connect_PollCHash(c, *h);
+    vis_Connect_Poll(c, vis_CHashError(*h));
 }
 
 void vis_ConnectAllElemEntAssoc(vis_Connect* c, int type, int enttype, int id, int no, int* num, int* values)
@@ -422,7 +406,7 @@ void vis_ConnectAllElemEntAssoc(vis_Connect* c, int type, int enttype, int id, i
     *num = 0;
     if (!*h) return;
     vis_CHashAll(*h, id, no, num, values);
-    vis_Connect_PollCHash(c, *h);
+    vis_Connect_Poll(c, vis_CHashError(*h));
 }
 
 void vis_ConnectDelElemEntAssoc(vis_Connect* c, int type, int enttype)

@@ -14,6 +14,8 @@
 #define GF_SET(c, code) ((c)->gridfun && (c)->gridfun->fun[code])
 #define GF_CALL(c, code, T) ((T)(c)->gridfun->fun[code])
 
+/* Copies a code polled from a companion object into ierr when it is not 0; returns it. */
+int vis_Connect_Poll(vis_Connect* c, int code);
 /* 1 after reporting code 5 under name when c is null, else 0. */
 int vis_Connect_Null(const vis_Connect* c, const char* name);
 /* Makes `scratch` hold at least n entries; 0 on a failed allocation (reported). */

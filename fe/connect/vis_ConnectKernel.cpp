@@ -39,11 +39,7 @@ static int vis_Connect_KernelCompact(vis_Connect* c)
         for (int s = 0; s < 2; ++s) {
             if (!a[s]) continue;
             vis_AssocCompact(a[s]);
-            int e = vis_AssocError(a[s]);
-            if (e) {
-                c->ierr = e;
-                return 0;
-            }
+            if (vis_Connect_Poll(c, vis_AssocError(a[s]))) return 0;
         }
     }
     return 1;

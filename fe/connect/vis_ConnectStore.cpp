@@ -27,6 +27,12 @@
 /* ---------------------------------------------------------------------------------------- */
 /* Reports */
 
+int vis_Connect_Poll(vis_Connect* c, int code)
+{
+    if (code) c->ierr = code;
+    return code;
+}
+
 int vis_Connect_Null(const vis_Connect* c, const char* name)
 {
     if (c) return 0;
@@ -520,13 +526,12 @@ void vis_ConnectGenElem(vis_Connect* c, int n, int* first)
         if (ierr) return;
     }
     if (c->mode == 1) {
-        if (!c->elemlists) {
-            c->elemlists = vsy_ChunkListNew();
-            c->nodelists = vsy_ChunkListNew();
-            if (!c->elemlists || !c->nodelists) {
-                c->ierr = SYS_ERROR_MEMORY;
-                return;
-            }
+        /* Each store that is missing is made; a failed one has reported "Creation Failure". */
+        if (!c->elemlists) c->elemlists = vsy_ChunkListNew();
+        if (!c->nodelists) c->nodelists = vsy_ChunkListNew();
+        if (!c->elemlists || !c->nodelists) {
+            c->ierr = SYS_ERROR_MEMORY;
+            return;
         }
     }
     if (first) *first = c->numelem + 1;
@@ -581,7 +586,7 @@ static void vis_Connect_NodeListInsert(vis_Connect* c, int node, int id)
     }
     vsy_ChunkListNum(c->nodelists, node, &n);
     if (n > c->maxnodeelem) c->maxnodeelem = n;
-    if (vsy_ChunkListError(c->nodelists)) c->ierr = SYS_ERROR_MEMORY;
+    vis_Connect_Poll(c, vsy_ChunkListError(c->nodelists));
 }
 
 /* Dynamic mode: takes element id off the lists of the nodes it names now. */
@@ -627,10 +632,7 @@ void vis_ConnectSetTopology(vis_Connect* c, int id, int shape, int maxi, int max
             if (!vis_Connect_ScratchList(c, num)) return;
             for (int k = 0; k < num; ++k) c->scratch[k] = 0;
             vsy_ChunkListSet(c->elemlists, id, num, c->scratch);
-            if (vsy_ChunkListError(c->elemlists)) {
-                c->ierr = SYS_ERROR_MEMORY;
-                return;
-            }
+            if (vis_Connect_Poll(c, vsy_ChunkListError(c->elemlists))) return;
         }
     } else if (num > old || c->shape[id] == 255) {
         if (num > 0 && !vis_Connect_Reserve(c, name, id, num)) return;
@@ -671,10 +673,7 @@ void vis_ConnectSetElemNode(vis_Connect* c, int id, const int* nodes)
     if (c->mode == 1) {
         vis_Connect_DynamicUnlink(c, id);
         vsy_ChunkListSet(c->elemlists, id, num, nodes);
-        if (vsy_ChunkListError(c->elemlists)) {
-            c->ierr = SYS_ERROR_MEMORY;
-            return;
-        }
+        if (vis_Connect_Poll(c, vsy_ChunkListError(c->elemlists))) return;
         for (int k = 0; k < num; ++k) vis_Connect_NodeListInsert(c, nodes[k], id);
     } else {
         int* p = c->elnode[(id - 1) >> VIS_CONNECT_ELEMSHIFT] + c->elnodeix[id];
@@ -753,12 +752,6 @@ static void* vis_Connect_CoordMake(vis_Connect* c, int id)
     return vis_Connect_CoordPtr(c, id);
 }
 
-static void vis_Connect_PollRed(vis_Connect* c, vsy_RedPre* red)
-{
-    int e = vsy_RedPreError(red);
-    if (e) c->ierr = e;
-}
-
 static void vis_Connect_StoreCoords(vis_Connect* c, const char* name, int id, const double* x)
 {
     if (vis_Connect_Null(c, name)) return;
@@ -789,15 +782,15 @@ static void vis_Connect_StoreCoords(vis_Connect* c, const char* name, int id, co
         break;
     case SYS_PRECISION_HALF:
         vsy_RedPreLoaddv(c->red, 3, v, p);
-        vis_Connect_PollRed(c, c->red);
+        vis_Connect_Poll(c, vsy_RedPreError(c->red));
         break;
     default:
         vsy_RedPreLoaddv(c->redx, 1, &v[0], (unsigned short*)p);
         vsy_RedPreLoaddv(c->redy, 1, &v[1], (unsigned short*)p + 1);
         vsy_RedPreLoaddv(c->redz, 1, &v[2], (unsigned short*)p + 2);
-        vis_Connect_PollRed(c, c->redx);
-        vis_Connect_PollRed(c, c->redy);
-        vis_Connect_PollRed(c, c->redz);
+        vis_Connect_Poll(c, vsy_RedPreError(c->redx));
+        vis_Connect_Poll(c, vsy_RedPreError(c->redy));
+        vis_Connect_Poll(c, vsy_RedPreError(c->redz));
         break;
     }
     if (id > c->numcoord) c->numcoord = id;
