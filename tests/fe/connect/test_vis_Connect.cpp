@@ -713,7 +713,15 @@ TEST_F(ConnectTest, Dimension)
     vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 5, 1);
     vis_ConnectGetDimension(c, &d);
     EXPECT_EQ(d, 2);
-    // So do type 2 on a line and type 4 on a point, alone.
+    // So do type 2 on a line and type 4 on a point, alone; type 2 on the hexahedron E1 does
+    // not decide, and the answer stays 3.
+    vis_ConnectDelElemAssoc(c, VIS_ASSOC_ELEMTYPE);
+    vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 1, 2);
+    vis_ConnectGetDimension(c, &d);
+    EXPECT_EQ(d, 3);
+    vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 7, 2);
+    vis_ConnectGetDimension(c, &d);
+    EXPECT_EQ(d, 2);
     vis_ConnectDelElemAssoc(c, VIS_ASSOC_ELEMTYPE);
     vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 8, 4);
     vis_ConnectGetDimension(c, &d);
@@ -722,6 +730,44 @@ TEST_F(ConnectTest, Dimension)
     vis_ConnectGetDimension(c, &d);
     EXPECT_EQ(d, 1);
     ExpectNoReport();
+}
+
+// The objects of later parts of the library are absent, and every operation behaves as the
+// rules say for an absent object: coordinates come from the connect's arrays, face normals are
+// computed, a group argument fails the group check (error 1 through vsy_ErrorNumber, no text)
+// and the derived-group slots of the grid function stay null.
+TEST_F(ConnectTest, ObjectsNotYetAvailableBehaveAsAbsent)
+{
+    Build();
+    EXPECT_EQ(c->state, nullptr);
+    EXPECT_EQ(c->elemnorm, nullptr);
+    EXPECT_EQ(c->elemtang, nullptr);
+    int dummy = 0;
+    vis_ConnectSetObject(c, SYS_GRIDFUN + 1, &dummy);
+    ExpectOnlyReport("vis_ConnectSetObject", 3, "objecttype= 2071");
+    EXPECT_EQ(vis_ConnectError(c), 3);
+    EXPECT_EQ(c->state, nullptr);
+    Reports().clear();
+    // Node 7 is (1, 1, 1) in the arrays.
+    int ix[1] = {7};
+    double x[3] = {-1, -1, -1};
+    vis_ConnectCoordsdv(c, 1, ix, x);
+    EXPECT_EQ(x[0], 1.0);
+    EXPECT_EQ(x[2], 1.0);
+    // The quadrilateral E5 (1 2 6 5, y = 0): its normal (0, -1, 0) is computed.
+    float n[12] = {0};
+    vis_ConnectElemFaceNorm(c, 5, 1, n);
+    EXPECT_NEAR(n[1], -1.0f, 1e-6);
+    ExpectNoReport();
+    double e[6] = {7, 7, 7, 7, 7, 7};
+    vis_ConnectExtentdv(c, (vis_Group*)&dummy, e);
+    ExpectOnlyReport("vis_ConnectExtent", 1, "");
+    EXPECT_EQ(vis_ConnectError(c), 1);
+    for (double v : e) EXPECT_EQ(v, 7.0);
+    vis_GridFun* gf = vis_GridFunNew();
+    vis_ConnectGridFun(c, gf);
+    for (int code : {15, 16, 17, 18, 20, 21, 22}) EXPECT_EQ(gf->fun[code], nullptr) << code;
+    vis_GridFunDelete(gf);
 }
 
 TEST_F(ConnectTest, PartNamesAndSizes)
