@@ -7,47 +7,38 @@
 #include "vsy_Error.h"
 #include "vsy_RedPre.h"
 
-/* Reads one node's coordinates in double; zeros when it has none. No checks. */
-static void vis_Connect_ReadNode(vis_Connect* c, int id, double* x)
+/* Unpacks n compact values into float or double. */
+static void vis_Connect_Unpack(vsy_RedPre* red, int n, const void* p, float* x)
 {
-    x[0] = x[1] = x[2] = 0.0;
-    if (id > c->numcoord) return;
-    const void* p = vis_Connect_CoordPtr(c, id);
-    if (!p) return;
-    switch (c->type) {
-    case SYS_PRECISION_FLOAT:
-        for (int a = 0; a < 3; ++a) x[a] = ((const float*)p)[a];
-        break;
-    case SYS_PRECISION_DOUBLE:
-        for (int a = 0; a < 3; ++a) x[a] = ((const double*)p)[a];
-        break;
-    case SYS_PRECISION_HALF: vsy_RedPreStoredv(c->red, 3, p, x); break;
-    default:
-        vsy_RedPreStoredv(c->redx, 1, (const unsigned short*)p, &x[0]);
-        vsy_RedPreStoredv(c->redy, 1, (const unsigned short*)p + 1, &x[1]);
-        vsy_RedPreStoredv(c->redz, 1, (const unsigned short*)p + 2, &x[2]);
-        break;
-    }
+    vsy_RedPreStore(red, n, p, x);
 }
 
-static void vis_Connect_ReadNodef(vis_Connect* c, int id, float* x)
+static void vis_Connect_Unpack(vsy_RedPre* red, int n, const void* p, double* x)
 {
-    x[0] = x[1] = x[2] = 0.0f;
+    vsy_RedPreStoredv(red, n, p, x);
+}
+
+/* Reads one node's coordinates in float or double; zeros when it has none. No checks. */
+template <class T>
+static void vis_Connect_ReadNode(vis_Connect* c, int id, T* x)
+{
+    x[0] = x[1] = x[2] = 0;
     if (id > c->numcoord) return;
     const void* p = vis_Connect_CoordPtr(c, id);
     if (!p) return;
+    const unsigned short* r = (const unsigned short*)p;
     switch (c->type) {
     case SYS_PRECISION_FLOAT:
-        for (int a = 0; a < 3; ++a) x[a] = ((const float*)p)[a];
+        for (int a = 0; a < 3; ++a) x[a] = (T)((const float*)p)[a];
         break;
     case SYS_PRECISION_DOUBLE:
-        for (int a = 0; a < 3; ++a) x[a] = (float)((const double*)p)[a];
+        for (int a = 0; a < 3; ++a) x[a] = (T)((const double*)p)[a];
         break;
-    case SYS_PRECISION_HALF: vsy_RedPreStore(c->red, 3, p, x); break;
+    case SYS_PRECISION_HALF: vis_Connect_Unpack(c->red, 3, p, x); break;
     default:
-        vsy_RedPreStore(c->redx, 1, (const unsigned short*)p, &x[0]);
-        vsy_RedPreStore(c->redy, 1, (const unsigned short*)p + 1, &x[1]);
-        vsy_RedPreStore(c->redz, 1, (const unsigned short*)p + 2, &x[2]);
+        vis_Connect_Unpack(c->redx, 1, r, &x[0]);
+        vis_Connect_Unpack(c->redy, 1, r + 1, &x[1]);
+        vis_Connect_Unpack(c->redz, 1, r + 2, &x[2]);
         break;
     }
 }
@@ -78,7 +69,7 @@ void vis_ConnectCoords(vis_Connect* c, int nix, const int* ix, float* x)
         return;
     }
     if (!vis_Connect_CheckIds(c, "vis_ConnectCoords", nix, ix, 0) || !x) return;
-    for (int k = 0; k < nix; ++k) vis_Connect_ReadNodef(c, ix[k], x + 3 * k);
+    for (int k = 0; k < nix; ++k) vis_Connect_ReadNode(c, ix[k], x + 3 * k);
 }
 
 void vis_ConnectCoordsdv(vis_Connect* c, int nix, const int* ix, double* x)
