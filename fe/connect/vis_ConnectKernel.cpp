@@ -8,6 +8,7 @@
 #include "vsy_Error.h"
 
 #include <climits>
+#include <cstring>
 
 /* Most distinct edges vis_Connect_PolyEdge keeps. */
 #define VIS_CONNECT_POLYEDGES 4096
@@ -68,12 +69,12 @@ static int vis_Connect_RingCount(const int* list, int num)
 static int vis_Connect_KernelCount(vis_Connect* c, int n, int* icount, int64_t* total, int64_t* polytotal)
 {
     int* size = c->nodeelemsize;
-    *total = 0;
-    *polytotal = 0;
-    for (int id = 1; id <= c->numelem; ++id) {
+    const int numelem = c->numelem;
+    int64_t sum = 0, poly = 0; /* locals: the list calls could otherwise touch *total */
+    for (int id = 1; id <= numelem; ++id) {
         int num;
         const int* list = vis_Connect_List(c, id, &num);
-        *total += num;
+        sum += num;
         for (int k = 0; k < num; ++k) {
             int node = list[k];
             if (node < 1 || node > n) {
@@ -87,8 +88,10 @@ static int vis_Connect_KernelCount(vis_Connect* c, int n, int* icount, int64_t* 
             }
         }
         /* One entry per ring, counted from the list itself, and one for the end. */
-        if (c->shape[id] == SYS_SHAPE_POLYHED) *polytotal += vis_Connect_RingCount(list, num) + 1;
+        if (c->shape[id] == SYS_SHAPE_POLYHED) poly += vis_Connect_RingCount(list, num) + 1;
     }
+    *total = sum;
+    *polytotal = poly;
     return 1;
 }
 
@@ -154,8 +157,10 @@ static void vis_Connect_KernelFill(vis_Connect* c, int* icount)
     int* ne = c->nodeelem;
     int* size = c->nodeelemsize;
     const int64_t* pntr = c->nodeelempntr;
+    int64_t* polypntr = c->polyfacepntr;
+    const int numelem = c->numelem;
     int64_t pp = 0;
-    for (int id = 1; id <= c->numelem; ++id) {
+    for (int id = 1; id <= numelem; ++id) {
         int num;
         const int* list = vis_Connect_List(c, id, &num);
         for (int k = 0; k < num; ++k) {
@@ -166,9 +171,9 @@ static void vis_Connect_KernelFill(vis_Connect* c, int* icount)
                 icount[node] = id;
             }
         }
-        if (!c->polyfacepntr) continue;
+        if (!polypntr) continue;
         if (c->shape[id] == SYS_SHAPE_POLYHED) pp = vis_Connect_KernelRings(c, list, num, pp);
-        c->polyfacepntr[id + 1] = pp;
+        polypntr[id + 1] = pp;
     }
 }
 
@@ -204,7 +209,8 @@ void vis_ConnectKernel(vis_Connect* c)
         vis_Connect_DropKernel(c);
         return;
     }
-    for (int i = 0; i <= n; ++i) c->nodeelemsize[i] = icount[i] = 0;
+    memset(c->nodeelemsize, 0, ((size_t)n + 1) * sizeof(int));
+    memset(icount, 0, ((size_t)n + 1) * sizeof(int));
     int64_t total, polytotal;
     /* A failure releases every table, so that a later call starts afresh rather than finding a
      * half-built one. */
