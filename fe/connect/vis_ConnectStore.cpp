@@ -1,5 +1,6 @@
-/* vis_Connect: storage, building side and the element, coordinate and attribute queries; see
- * vis_Connect.h. The kernel and the adjacency queries are in vis_ConnectKernel.cpp.
+/* vis_Connect: lifecycle, storage and growth, definition of elements and coordinates, objects
+ * and options; see vis_Connect.h. The other concerns have files of their own (listed in
+ * vis_ConnectInternal.h).
  *
  * Invariants kept by every operation:
  *   - per-element arrays (shape, maxi, maxj, maxk, numelemnode, elnodeix) have elemalloc + 1
