@@ -44,6 +44,14 @@ int vis_Connect_Null(const vis_Connect* c, const char* name)
 /* ---------------------------------------------------------------------------------------- */
 /* Lifecycle */
 
+/* Releases an owned array and forgets it. */
+template <class T>
+static void vis_Connect_Release(T*& p)
+{
+    vsy_Free((void*)p);
+    p = nullptr;
+}
+
 static void vis_Connect_FreeCoords(vis_Connect* c)
 {
     for (int k = 0; k < c->numcoordchunk; ++k) {
@@ -51,28 +59,20 @@ static void vis_Connect_FreeCoords(vis_Connect* c)
         if (c->coordd) vsy_Free(c->coordd[k]);
         if (c->coordred) vsy_Free(c->coordred[k]);
     }
-    vsy_Free(c->coordf);
-    vsy_Free(c->coordd);
-    vsy_Free(c->coordred);
-    c->coordf = nullptr;
-    c->coordd = nullptr;
-    c->coordred = nullptr;
+    vis_Connect_Release(c->coordf);
+    vis_Connect_Release(c->coordd);
+    vis_Connect_Release(c->coordred);
     c->numcoordchunk = 0;
     c->numcoord = 0;
 }
 
 void vis_Connect_DropKernel(vis_Connect* c)
 {
-    vsy_Free(c->nodeelem);
-    vsy_Free(c->nodeelempntr);
-    vsy_Free(c->nodeelemsize);
-    vsy_Free(c->polyfaceix);
-    vsy_Free(c->polyfacepntr);
-    c->nodeelem = nullptr;
-    c->nodeelempntr = nullptr;
-    c->nodeelemsize = nullptr;
-    c->polyfaceix = nullptr;
-    c->polyfacepntr = nullptr;
+    vis_Connect_Release(c->nodeelem);
+    vis_Connect_Release(c->nodeelempntr);
+    vis_Connect_Release(c->nodeelemsize);
+    vis_Connect_Release(c->polyfaceix);
+    vis_Connect_Release(c->polyfacepntr);
     if (c->mode == 0) c->maxnodeelem = 0;
 }
 
@@ -80,26 +80,17 @@ void vis_Connect_DropKernel(vis_Connect* c)
 static void vis_Connect_FreeData(vis_Connect* c)
 {
     vis_Connect_DropKernel(c);
-    vsy_Free(c->shape);
-    vsy_Free(c->maxi);
-    vsy_Free(c->maxj);
-    vsy_Free(c->maxk);
-    vsy_Free(c->numelemnode);
-    vsy_Free(c->elnodeix);
-    c->shape = nullptr;
-    c->maxi = nullptr;
-    c->maxj = nullptr;
-    c->maxk = nullptr;
-    c->numelemnode = nullptr;
-    c->elnodeix = nullptr;
+    vis_Connect_Release(c->shape);
+    vis_Connect_Release(c->maxi);
+    vis_Connect_Release(c->maxj);
+    vis_Connect_Release(c->maxk);
+    vis_Connect_Release(c->numelemnode);
+    vis_Connect_Release(c->elnodeix);
     c->elemalloc = 0;
     for (int k = 0; k < c->chunkalloc; ++k) vsy_Free(c->elnode[k]);
-    vsy_Free(c->elnode);
-    vsy_Free(c->chunkcap);
-    vsy_Free(c->chunkused);
-    c->elnode = nullptr;
-    c->chunkcap = nullptr;
-    c->chunkused = nullptr;
+    vis_Connect_Release(c->elnode);
+    vis_Connect_Release(c->chunkcap);
+    vis_Connect_Release(c->chunkused);
     c->chunkalloc = 0;
     c->numchunk = 0;
     c->elnodecap = 0;

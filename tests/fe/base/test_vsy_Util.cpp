@@ -142,56 +142,38 @@ TEST_F(UtilTest, GrowCapacityFailurePointers)
     ExpectNoReport();
 }
 
-// A wanted size past the largest capacity cannot be granted: every form fails with code 4
-// before it allocates, and leaves capacity and pointer as they were (the clamp of the rule
-// alone would hand out an array too short for the index asked for).
-TEST_F(UtilTest, GrowCapacityBeyondTheLargestFailsBeforeAllocating)
+// A wanted size past the largest capacity cannot be granted: the form fails with code 4 before
+// it allocates, and leaves capacity and pointer as they were (the clamp of the rule alone would
+// hand out an array too short for the index asked for).
+template <class T, class GROW>
+void ExpectBeyondTheLargestRefused(GROW grow)
 {
-    int ierr = 0;
-    int cap32 = 0, cap16 = 0, cap8 = 0, capb = 0;
-    int* p32 = nullptr;
-    short* p16 = nullptr;
-    signed char* p8 = nullptr;
-    unsigned char* bits = nullptr;
-    vsy_GrowCapacity(10, &cap32, &p32, &ierr);
-    vsy_GrowCapacity(10, &cap16, &p16, &ierr);
-    vsy_GrowCapacity(10, &cap8, &p8, &ierr);
-    vsy_GrowCapacityBits(10, &capb, &bits, &ierr);
+    int ierr = 0, cap = 0;
+    T* p = nullptr;
+    grow(10, &cap, &p, &ierr);
     ASSERT_EQ(ierr, 0);
-    int* keep32 = p32;
-    short* keep16 = p16;
-    signed char* keep8 = p8;
-    unsigned char* keepb = bits;
+    T* keep = p;
     CountAllocations();
-    const int beyond = VSY_GROW_MAXCAP + 1;
-    ierr = 0;
-    vsy_GrowCapacity(beyond, &cap32, &p32, &ierr);
-    EXPECT_EQ(ierr, 4);
-    ierr = 0;
-    vsy_GrowCapacity(beyond, &cap16, &p16, &ierr);
-    EXPECT_EQ(ierr, 4);
-    ierr = 0;
-    vsy_GrowCapacity(beyond, &cap8, &p8, &ierr);
-    EXPECT_EQ(ierr, 4);
-    ierr = 0;
-    vsy_GrowCapacityBits(beyond, &capb, &bits, &ierr);
-    EXPECT_EQ(ierr, 4);
+    grow(VSY_GROW_MAXCAP + 1, &cap, &p, &ierr);
     EXPECT_EQ(AllocState().calls, 0);
     RestoreAllocation();
-    EXPECT_EQ(cap32, 2000);
-    EXPECT_EQ(cap16, 2000);
-    EXPECT_EQ(cap8, 2000);
-    EXPECT_EQ(capb, 2000);
-    EXPECT_EQ(p32, keep32);
-    EXPECT_EQ(p16, keep16);
-    EXPECT_EQ(p8, keep8);
-    EXPECT_EQ(bits, keepb);
+    EXPECT_EQ(ierr, 4);
+    EXPECT_EQ(cap, 2000);
+    EXPECT_EQ(p, keep);
+    vsy_Free(p);
+}
+
+TEST_F(UtilTest, GrowCapacityBeyondTheLargestFailsBeforeAllocating)
+{
+    using G32 = void (*)(int, int*, int**, int*);
+    using G16 = void (*)(int, int*, short**, int*);
+    using G8 = void (*)(int, int*, signed char**, int*);
+    ExpectBeyondTheLargestRefused<int>(static_cast<G32>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<short>(static_cast<G16>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<signed char>(static_cast<G8>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<unsigned char>(vsy_GrowCapacityBits);
     // The largest capacity itself is still a valid request of the rule.
     EXPECT_EQ(vsy_GrowNewCapacity(VSY_GROW_MAXCAP, 0), VSY_GROW_MAXCAP);
-    vsy_Free(p32);
-    vsy_Free(p16);
-    vsy_Free(p8);
-    vsy_Free(bits);
     ExpectNoReport();
 }
 
