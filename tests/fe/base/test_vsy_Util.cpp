@@ -224,6 +224,13 @@ TEST_F(UtilTest, Strings)
     EXPECT_EQ(vsy_StrCompareNoCase("Grid", "gRID"), 0);
     EXPECT_EQ(vsy_StrCompareNoCase("Grid", "Grids"), 1);
     EXPECT_EQ(vsy_StrCompareNoCase("b", "a"), 1);
+    // The one upper-case helper: ASCII letters only; '`' and '{' border the lower-case range.
+    EXPECT_EQ(vsy_CharUpper('a'), 'A');
+    EXPECT_EQ(vsy_CharUpper('z'), 'Z');
+    EXPECT_EQ(vsy_CharUpper('A'), 'A');
+    EXPECT_EQ(vsy_CharUpper('`'), '`');
+    EXPECT_EQ(vsy_CharUpper('{'), '{');
+    EXPECT_EQ(vsy_CharUpper(0xE9), 0xE9);
 }
 
 TEST_F(UtilTest, DofDigits)
