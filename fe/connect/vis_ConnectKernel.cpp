@@ -205,7 +205,7 @@ void vis_ConnectKernel(vis_Connect* c)
     c->nodeelemsize = (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int));
     int* icount = c->nodeelemsize ? (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int)) : nullptr;
     if (!icount) {
-        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, c->nodeelemsize ? "Malloc icount" : "Malloc nodeelemsize");
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "%s", c->nodeelemsize ? "Malloc icount" : "Malloc nodeelemsize");
         vis_Connect_DropKernel(c);
         return;
     }
