@@ -18,6 +18,9 @@
 int vis_Connect_Poll(vis_Connect* c, int code);
 /* 1 after reporting code 5 under name when c is null, else 0. */
 int vis_Connect_Null(const vis_Connect* c, const char* name);
+/* Makes the scratch array *array (of *cap entries) hold at least n, with room to spare; 0 after
+ * reporting code 4 under name when it cannot (n beyond any list, or a failed allocation). */
+int vis_Connect_GrowScratch(vis_Connect* c, const char* name, int** array, int* cap, int n);
 /* Makes `scratch` hold at least n entries; 0 on a failed allocation (reported). */
 int vis_Connect_ScratchList(vis_Connect* c, int n);
 /* Coordinate storage of node id, or null when its chunk does not exist. No checks. */

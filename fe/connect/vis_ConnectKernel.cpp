@@ -241,16 +241,7 @@ static int vis_Connect_TableNodes(const vis_Connect* c)
 /* Grows the node scratch to n entries. */
 static int vis_Connect_NodeScratch(vis_Connect* c, int n)
 {
-    if (n <= c->nodescratchcap && c->nodescratch) return 1;
-    int cap = n + 64;
-    int* p = (int*)vsy_Realloc(c->nodescratch, (size_t)cap * sizeof(int));
-    if (!p) {
-        vsy_ErrorRecord(&c->ierr, "vis_Connect_NodeScratch", SYS_ERROR_MEMORY, "%s", "");
-        return 0;
-    }
-    c->nodescratch = p;
-    c->nodescratchcap = cap;
-    return 1;
+    return vis_Connect_GrowScratch(c, "vis_Connect_NodeScratch", &c->nodescratch, &c->nodescratchcap, n);
 }
 
 /* Row of node: static mode a pointer into the table; dynamic mode a copy in nodescratch. */

@@ -364,19 +364,24 @@ int vis_Connect_Scratch(vis_Connect* c)
     return 1;
 }
 
+int vis_Connect_GrowScratch(vis_Connect* c, const char* name, int** array, int* cap, int n)
+{
+    if (n <= *cap && *array) return 1;
+    int want = vis_Connect_ScratchCap(n);
+    int* a = want > 0 ? (int*)vsy_Realloc(*array, (size_t)want * sizeof(int)) : nullptr;
+    if (!a) {
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "%s", "");
+        return 0;
+    }
+    *array = a;
+    *cap = want;
+    return 1;
+}
+
 /* Makes `scratch` hold at least n entries. */
 int vis_Connect_ScratchList(vis_Connect* c, int n)
 {
-    if (n <= c->scratchcap && c->scratch) return 1;
-    int cap = vis_Connect_ScratchCap(n);
-    int* s = cap > 0 ? (int*)vsy_Realloc(c->scratch, (size_t)cap * sizeof(int)) : nullptr;
-    if (!s) {
-        vsy_ErrorRecord(&c->ierr, "vis_Connect_Scratch", SYS_ERROR_MEMORY, "%s", "");
-        return 0;
-    }
-    c->scratch = s;
-    c->scratchcap = cap;
-    return 1;
+    return vis_Connect_GrowScratch(c, "vis_Connect_Scratch", &c->scratch, &c->scratchcap, n);
 }
 
 void vis_Connect_AllocElem(vis_Connect* c, int count, int width, void** pointer)
