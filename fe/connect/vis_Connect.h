@@ -34,7 +34,10 @@
  * element or node id (ElemNode, ElemNodePtr, IndElemNode, Topology, ElemNum, ElemCon, ElemCnn,
  * ElemCorn, ElemTopo, Coords, Coordsdv) report a range error with code 1 but leave `ierr`
  * untouched: they are the hot paths, and their callers do not poll. Option errors, setters and
- * the association queries store their code.
+ * the association queries store their code. A size no storage can reach (a node list that
+ * would take a chunk past VSY_GROW_MAXCAP entries, an attribute index past the largest array)
+ * is code 4 of the object that cannot grow, reported before anything is allocated, with
+ * nothing changed; an attribute type that failed on its first value stays absent.
  *
  * A vis_Connect with a vis_GridFun attached (vis_ConnectSetObject with SYS_GRIDFUN) is a thin
  * front: every query whose slot is set calls the slot, without checks of its own, and returns.
