@@ -807,6 +807,48 @@ void vis_ConnectElemCorn(vis_Connect* c, int enttype, int id, int no, int* num, 
     *num = n;
 }
 
+/* Tuple of face no of element id into fs, fi, fj (shape -1 for points and lines); returns 0
+ * after a report. */
+static int vis_Connect_FaceTopo(vis_Connect* c, const char* name, int id, int no, int* fs, int* fi, int* fj)
+{
+    int s = vis_Connect_Shape(c, id);
+    if (s < 0 || s == SYS_SHAPE_POINT || s == SYS_SHAPE_LINE) return 1;
+    if (s == SYS_SHAPE_POLYHED) {
+        int first, len, ln;
+        const int* list = vis_Connect_List(c, id, &ln);
+        if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) return vis_Connect_BadNo(name, no);
+        *fs = SYS_SHAPE_POLYGON;
+        *fi = len;
+        *fj = len - 1;
+        return 1;
+    }
+    int nf = 0;
+    vis_ElemFaceCount(s, c->maxk[id], &nf);
+    if (no < 1 || no > nf) return vis_Connect_BadNo(name, no);
+    vis_ElemFaceTopo(s, c->maxi[id], c->maxj[id], c->maxk[id], no - 1, fs, fi, fj);
+    return 1;
+}
+
+/* Tuple of edge no of element id: a line with its node count (shape -1 for points); returns 0
+ * after a report. */
+static int vis_Connect_EdgeTopo(vis_Connect* c, const char* name, int id, int no, int* fs, int* fi)
+{
+    int s = vis_Connect_Shape(c, id);
+    if (s < 0 || s == SYS_SHAPE_POINT) return 1;
+    if (s == SYS_SHAPE_POLYGON || s == SYS_SHAPE_POLYHED) {
+        if (vis_Connect_PolyEdge(c, id, no) < 0) return vis_Connect_BadNo(name, no);
+        *fs = SYS_SHAPE_LINE;
+        *fi = 2;
+        return 1;
+    }
+    int ne = 0;
+    vis_ElemEdgeCount(s, c->maxj[id], &ne);
+    if (no < 1 || no > ne) return vis_Connect_BadNo(name, no);
+    *fs = SYS_SHAPE_LINE;
+    vis_ElemEdgeTopo(s, c->maxi[id], c->maxj[id], c->maxk[id], no - 1, fi);
+    return 1;
+}
+
 void vis_ConnectElemTopo(vis_Connect* c, int enttype, int id, int no, int* shape, int* maxi, int* maxj)
 {
     static const char* name = "vis_ConnectElemTopo";
@@ -819,69 +861,22 @@ void vis_ConnectElemTopo(vis_Connect* c, int enttype, int id, int no, int* shape
         vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
-    int s = vis_Connect_Shape(c, id);
-    int mi = c->maxi[id], mj = c->maxj[id], mk = c->maxk[id];
-    int fs = -1, fi = 0, fj = 0;
+    int fs = -1, fi = 0, fj = 0, ok = 1;
     switch (enttype) {
     case SYS_ELEM:
-        fs = s;
-        fi = mi;
-        fj = mj;
+        fs = vis_Connect_Shape(c, id);
+        fi = c->maxi[id];
+        fj = c->maxj[id];
         break;
     case SYS_NODE:
-        if (no < 1 || no > c->numelemnode[id]) {
-            vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
-            return;
-        }
+        ok = no >= 1 && no <= c->numelemnode[id] ? 1 : vis_Connect_BadNo(name, no);
         fs = SYS_SHAPE_POINT;
         break;
-    case SYS_FACE:
-        if (s < 0 || s == SYS_SHAPE_POINT || s == SYS_SHAPE_LINE) break;
-        if (s == SYS_SHAPE_POLYHED) {
-            int first, len, ln;
-            const int* list = vis_Connect_List(c, id, &ln);
-            if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) {
-                vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_POLYGON;
-            fi = len;
-            fj = len - 1;
-        } else {
-            int nf = 0;
-            vis_ElemFaceCount(s, mk, &nf);
-            if (no < 1 || no > nf) {
-                vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
-                return;
-            }
-            vis_ElemFaceTopo(s, mi, mj, mk, no - 1, &fs, &fi, &fj);
-        }
-        break;
-    case SYS_EDGE:
-        if (s < 0 || s == SYS_SHAPE_POINT) break;
-        if (s == SYS_SHAPE_POLYGON || s == SYS_SHAPE_POLYHED) {
-            if (vis_Connect_PolyEdge(c, id, no) < 0) {
-                vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_LINE;
-            fi = 2;
-        } else {
-            int ne = 0;
-            vis_ElemEdgeCount(s, mj, &ne);
-            if (no < 1 || no > ne) {
-                vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_LINE;
-            vis_ElemEdgeTopo(s, mi, mj, mk, no - 1, &fi);
-        }
-        break;
-    default: {
-        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "enttype= %d", enttype);
-        return;
+    case SYS_FACE: ok = vis_Connect_FaceTopo(c, name, id, no, &fs, &fi, &fj); break;
+    case SYS_EDGE: ok = vis_Connect_EdgeTopo(c, name, id, no, &fs, &fi); break;
+    default: vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "enttype= %d", enttype); return;
     }
-    }
+    if (!ok) return;
     *shape = fs;
     *maxi = fi;
     *maxj = fj;
@@ -958,7 +953,7 @@ void vis_ConnectElemFaceNorm(vis_Connect* c, int id, int no, float* normal)
     int fs = -1, fi = 0, fj = 0;
     vis_ConnectElemTopo(c, SYS_FACE, id, no, &fs, &fi, &fj);
     if (fs != SYS_SHAPE_TRI && fs != SYS_SHAPE_QUAD && fs != SYS_SHAPE_POLYGON) {
-        vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
+        vis_Connect_BadNo(name, no);
         return;
     }
     if (!vis_Connect_Scratch(c)) return;
