@@ -115,40 +115,14 @@ void vsy_Dictionary_Expand(vsy_Dictionary* dict)
 
 void vsy_DictionaryInsert(vsy_Dictionary* dict, const char* name, void* value)
 {
-    if (!dict) {
-        vsy_ErrorNumber("vsy_DictionaryInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    if (!name) {
-        dict->ierr = SYS_ERROR_NULLOBJECT;
-        vsy_ErrorNumber("vsy_DictionaryInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    if (!dict->slots) {
-        vsy_DictionaryDef(dict, 0);
-        if (!dict->slots) return;
-    }
-    int avail;
-    int s = vsy_Dictionary_Search(dict->slots, dict->size, name, dict->nocase, &avail);
-    if (s >= 0) {
-        dict->slots[s].value = value;
-        return;
-    }
-    if (avail < 0) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_SEVERE, "Slot search, name= %s", name);
-        return;
-    }
-    size_t len = std::strlen(name) + 1;
-    char* copy = (char*)vsy_Malloc(len);
-    if (!copy) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_MEMORY, "name= %s", name);
-        return;
-    }
-    std::memcpy(copy, name, len);
-    dict->slots[avail].name = copy;
-    dict->slots[avail].value = value;
-    dict->count++;
-    if (dict->count > dict->limit) vsy_Dictionary_Expand(dict);
+    static const char* fname = "vsy_DictionaryInsert";
+    if (!vsy_NameTable_CheckInsert(dict, fname, name)) return;
+    vsy_NameTable_Insert(
+        dict, fname, name, value,
+        [&](const char* key, int* avail) {
+            return vsy_Dictionary_Search(dict->slots, dict->size, key, dict->nocase, avail);
+        },
+        [&](int n) { vsy_DictionaryDef(dict, n); }, [&] { vsy_Dictionary_Expand(dict); });
 }
 
 void vsy_DictionaryGet(vsy_Dictionary* dict, const char* name, void** value)

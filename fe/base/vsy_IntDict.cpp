@@ -86,44 +86,16 @@ void vsy_IntDict_Expand(vsy_IntDict* dict)
 
 void vsy_IntDictInsert(vsy_IntDict* dict, const char* name, int value)
 {
-    if (!dict) {
-        vsy_ErrorNumber("vsy_IntDictInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    if (!name) {
-        dict->ierr = SYS_ERROR_NULLOBJECT;
-        vsy_ErrorNumber("vsy_IntDictInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
+    static const char* fname = "vsy_IntDictInsert";
+    if (!vsy_NameTable_CheckInsert(dict, fname, name)) return;
     if (value == dict->empty) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_VALUE, "name= %s, value= %d", name, value);
+        vsy_ErrorRecord(&dict->ierr, fname, SYS_ERROR_VALUE, "name= %s, value= %d", name, value);
         return;
     }
-    if (!dict->slots) {
-        vsy_IntDictDef(dict, 0);
-        if (!dict->slots) return;
-    }
-    int avail;
-    int s = vsy_IntDict_Search(dict->slots, dict->size, name, &avail);
-    if (s >= 0) {
-        dict->slots[s].value = value;
-        return;
-    }
-    if (avail < 0) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_SEVERE, "Slot search, name= %s", name);
-        return;
-    }
-    size_t len = std::strlen(name) + 1;
-    char* copy = (char*)vsy_Malloc(len);
-    if (!copy) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_IntDictInsert", SYS_ERROR_MEMORY, "name= %s", name);
-        return;
-    }
-    std::memcpy(copy, name, len);
-    dict->slots[avail].name = copy;
-    dict->slots[avail].value = value;
-    dict->count++;
-    if (dict->count > dict->limit) vsy_IntDict_Expand(dict);
+    vsy_NameTable_Insert(
+        dict, fname, name, value,
+        [&](const char* key, int* avail) { return vsy_IntDict_Search(dict->slots, dict->size, key, avail); },
+        [&](int n) { vsy_IntDictDef(dict, n); }, [&] { vsy_IntDict_Expand(dict); });
 }
 
 void vsy_IntDictGet(vsy_IntDict* dict, const char* name, int* value)

@@ -112,6 +112,58 @@ void vsy_NameTable_Expand(DICT* dict, const char* name, ALLOC alloc, SEARCH sear
     dict->limit = size / 2;
 }
 
+/* The checks every Insert starts with: code 5 under name for a null table or a null name (the
+ * latter recorded). Returns 0 after a report. */
+template <class DICT>
+int vsy_NameTable_CheckInsert(DICT* dict, const char* name, const char* key)
+{
+    if (!dict) {
+        vsy_ErrorNumber(name, SYS_ERROR_NULLOBJECT);
+        return 0;
+    }
+    if (!key) {
+        vsy_ErrorRecord(&dict->ierr, name, SYS_ERROR_NULLOBJECT, "%s", "");
+        return 0;
+    }
+    return 1;
+}
+
+/* Insert, after those checks: defines the table with def(0) when it has no slots, then gives an
+ * equal name (search(key, &avail)) the new value, or stores value under a copy of key in the
+ * free slot of the path and runs expand() when count passes limit. No free slot is code 13
+ * "Slot search, name= %s", a failed copy code 4 "name= %s", both under name, with nothing
+ * changed. */
+template <class DICT, class VALUE, class SEARCH, class DEF, class EXPAND>
+void vsy_NameTable_Insert(DICT* dict, const char* name, const char* key, VALUE value, SEARCH search, DEF def,
+                          EXPAND expand)
+{
+    if (!dict->slots) {
+        def(0);
+        if (!dict->slots) return;
+    }
+    int avail;
+    int s = search(key, &avail);
+    if (s >= 0) {
+        dict->slots[s].value = value;
+        return;
+    }
+    if (avail < 0) {
+        vsy_ErrorRecord(&dict->ierr, name, SYS_ERROR_SEVERE, "Slot search, name= %s", key);
+        return;
+    }
+    size_t len = std::strlen(key) + 1;
+    char* copy = (char*)vsy_Malloc(len);
+    if (!copy) {
+        vsy_ErrorRecord(&dict->ierr, name, SYS_ERROR_MEMORY, "name= %s", key);
+        return;
+    }
+    std::memcpy(copy, key, len);
+    dict->slots[avail].name = copy;
+    dict->slots[avail].value = value;
+    dict->count++;
+    if (dict->count > dict->limit) expand();
+}
+
 /* InitIterOrder: starts an iteration at cursor `start` in ascending order of the names
  * (vsy_Hash_NameCompare with nocase). sortslot holds pairs of slot and name offset, then the
  * -1 end mark; sortname the names in that order. The slot numbers are gathered and sorted in
