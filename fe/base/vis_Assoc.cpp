@@ -382,6 +382,8 @@ static int vis_Assoc_NewLink(vis_Assoc* assoc)
     }
     if (!assoc->pool || assoc->poolnum > assoc->poolcap) {
         int c = vsy_GrowNewCapacity(assoc->poolnum, assoc->pool ? assoc->poolcap : -1);
+        /* The rule clamps at its largest capacity: a pool that cannot reach the next link fails. */
+        if (c < assoc->poolnum) return -1;
         vis_AssocLink* p =
             (vis_AssocLink*)vsy_Realloc(assoc->pool, ((size_t)c + 1) * sizeof(vis_AssocLink));
         if (!p) return -1;

@@ -25,7 +25,9 @@
  *
  * Capacity. The typed arrays (and head) have cap + 1 entries and grow by vsy_GrowCapacity;
  * entries past maxind are always 0, head entries past the chains -1. vis_AssocCompact cuts the
- * allocation down to maxind.
+ * allocation down to maxind. An index that no array can reach (past VSY_GROW_MAXCAP, or about
+ * twice that for nibbles) and a chain pool at the largest capacity are code 4, reported before
+ * anything is allocated, with every value kept.
  */
 #ifndef VIS_ASSOC_H
 #define VIS_ASSOC_H

@@ -9,6 +9,7 @@
 
 #include "vsy_Error.h"
 #include "vsy_Hash.h"
+#include "vsy_NameTable.h"
 
 #include <cstdint>
 #include <cstring>
@@ -21,21 +22,6 @@ static int vsy_Dictionary_Removed(const vsy_DictionarySlot* slot)
     return !slot->name && (uint32_t)(uintptr_t)slot->value == 0xFFFFFFFFu;
 }
 
-static void vsy_Dictionary_FreeSorted(vsy_Dictionary* dict)
-{
-    if (dict->sortslot) vsy_Free(dict->sortslot);
-    if (dict->sortname) vsy_Free(dict->sortname);
-    dict->sortslot = nullptr;
-    dict->sortname = nullptr;
-}
-
-static void vsy_Dictionary_FreeNames(vsy_DictionarySlot* slots, int size)
-{
-    for (int s = 0; s < size; ++s) {
-        if (slots[s].name) vsy_Free(slots[s].name);
-    }
-}
-
 static vsy_DictionarySlot* vsy_Dictionary_NewSlots(int size)
 {
     size_t nbytes = (size_t)size * sizeof(vsy_DictionarySlot);
@@ -45,25 +31,20 @@ static vsy_DictionarySlot* vsy_Dictionary_NewSlots(int size)
 }
 
 /* Slot holding name, or -1; *avail receives the first null-name slot of the path (removed or
- * never used), or -1 when the path has none. */
+ * never used), or -1 when the path has none. Removed slots do not end the search. */
 static int vsy_Dictionary_Search(const vsy_DictionarySlot* slots, int size, const char* name, int nocase,
                                  int* avail)
 {
-    int s = vsy_Hash_NameHome(name, size);
-    int step = vsy_Hash_NameStep(s);
-    *avail = -1;
-    for (int i = 0; i < size; ++i) {
-        const vsy_DictionarySlot* slot = &slots[s];
-        if (!slot->name) {
-            if (*avail < 0) *avail = s;
-            if (!vsy_Dictionary_Removed(slot)) return -1;
-        } else if (vsy_Hash_NameCompare(slot->name, name, nocase) == 0) {
-            return s;
-        }
-        s += step;
-        if (s >= size) s -= size;
-    }
-    return -1;
+    return vsy_NameTable_Search(
+        slots, size, name, avail, [](const vsy_DictionarySlot* slot) { return !vsy_Dictionary_Removed(slot); },
+        [nocase](const char* a, const char* b) { return vsy_Hash_NameCompare(a, b, nocase) == 0; });
+}
+
+/* The exact search: with nocase, two spellings may both be entries, and growth and a sorted
+ * iteration must find each one itself. */
+static int vsy_Dictionary_SearchExact(const vsy_DictionarySlot* slots, int size, const char* name, int* avail)
+{
+    return vsy_Dictionary_Search(slots, size, name, 0, avail);
 }
 
 vsy_Dictionary* vsy_DictionaryNew(void)
@@ -85,11 +66,7 @@ vsy_Dictionary* vsy_DictionaryNew(void)
 void vsy_DictionaryDelete(vsy_Dictionary* dict)
 {
     if (!dict) return;
-    vsy_Dictionary_FreeSorted(dict);
-    if (dict->slots) {
-        vsy_Dictionary_FreeNames(dict->slots, dict->size);
-        vsy_Free(dict->slots);
-    }
+    vsy_NameTable_Release(dict);
     vsy_Free(dict);
 }
 
@@ -126,88 +103,26 @@ vsy_DictionarySlot* vsy_Dictionary_Alloc(vsy_Dictionary* dict, int size)
 
 void vsy_DictionaryDef(vsy_Dictionary* dict, int nument)
 {
-    if (!dict) {
-        vsy_ErrorNumber("vsy_DictionaryDef", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    int size = vsy_NextPrimeLike(nument > 128 ? nument : 128);
-    vsy_DictionarySlot* slots = size > 0 ? vsy_Dictionary_NewSlots(size) : nullptr;
-    if (!slots) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryDef", SYS_ERROR_MEMORY, "nument= %d", nument);
-        return;
-    }
-    if (dict->slots) {
-        vsy_Dictionary_FreeNames(dict->slots, dict->size);
-        vsy_Free(dict->slots);
-    }
-    vsy_Dictionary_FreeSorted(dict);
-    dict->slots = slots;
-    dict->size = size;
-    dict->limit = size / 2;
-    dict->count = 0;
-    dict->iter = -1;
+    vsy_NameTable_Def(dict, nument, "vsy_DictionaryDef", vsy_Dictionary_NewSlots);
 }
 
 void vsy_Dictionary_Expand(vsy_Dictionary* dict)
 {
-    int size = vsy_NextPrimeLike(dict->size);
-    if (size < 0) {
-        dict->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vsy_Dictionary_Expand", SYS_ERROR_MEMORY);
-        return;
-    }
-    vsy_DictionarySlot* slots = vsy_Dictionary_Alloc(dict, size);
-    if (!slots) return;
-    for (int s = 0; s < dict->size; ++s) {
-        vsy_DictionarySlot* old = &dict->slots[s];
-        if (!old->name) continue;
-        /* Exact comparison: with nocase, two spellings may both be entries and both must move. */
-        int avail;
-        vsy_Dictionary_Search(slots, size, old->name, 0, &avail);
-        slots[avail] = *old;
-    }
-    vsy_Free(dict->slots);
-    dict->slots = slots;
-    dict->size = size;
-    dict->limit = size / 2;
+    vsy_NameTable_Expand(
+        dict, "vsy_Dictionary_Expand", [&](int size) { return vsy_Dictionary_Alloc(dict, size); },
+        vsy_Dictionary_SearchExact);
 }
 
 void vsy_DictionaryInsert(vsy_Dictionary* dict, const char* name, void* value)
 {
-    if (!dict) {
-        vsy_ErrorNumber("vsy_DictionaryInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    if (!name) {
-        dict->ierr = SYS_ERROR_NULLOBJECT;
-        vsy_ErrorNumber("vsy_DictionaryInsert", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    if (!dict->slots) {
-        vsy_DictionaryDef(dict, 0);
-        if (!dict->slots) return;
-    }
-    int avail;
-    int s = vsy_Dictionary_Search(dict->slots, dict->size, name, dict->nocase, &avail);
-    if (s >= 0) {
-        dict->slots[s].value = value;
-        return;
-    }
-    if (avail < 0) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_SEVERE, "Slot search, name= %s", name);
-        return;
-    }
-    size_t len = std::strlen(name) + 1;
-    char* copy = (char*)vsy_Malloc(len);
-    if (!copy) {
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInsert", SYS_ERROR_MEMORY, "name= %s", name);
-        return;
-    }
-    std::memcpy(copy, name, len);
-    dict->slots[avail].name = copy;
-    dict->slots[avail].value = value;
-    dict->count++;
-    if (dict->count > dict->limit) vsy_Dictionary_Expand(dict);
+    static const char* fname = "vsy_DictionaryInsert";
+    if (!vsy_NameTable_CheckInsert(dict, fname, name)) return;
+    vsy_NameTable_Insert(
+        dict, fname, name, value,
+        [&](const char* key, int* avail) {
+            return vsy_Dictionary_Search(dict->slots, dict->size, key, dict->nocase, avail);
+        },
+        [&](int n) { vsy_DictionaryDef(dict, n); }, [&] { vsy_Dictionary_Expand(dict); });
 }
 
 void vsy_DictionaryGet(vsy_Dictionary* dict, const char* name, void** value)
@@ -246,91 +161,19 @@ void vsy_DictionaryInitIter(vsy_Dictionary* dict)
         vsy_ErrorNumber("vsy_DictionaryInitIter", SYS_ERROR_NULLOBJECT);
         return;
     }
-    vsy_Dictionary_FreeSorted(dict);
+    vsy_NameTable_FreeSorted(dict);
     dict->iter = 0;
 }
 
 void vsy_DictionaryInitIterOrder(vsy_Dictionary* dict)
 {
-    if (!dict) {
-        vsy_ErrorNumber("vsy_DictionaryInitIterOrder", SYS_ERROR_NULLOBJECT);
-        return;
-    }
-    vsy_Dictionary_FreeSorted(dict);
-    dict->iter = 0;
-    int n = dict->count;
-    if (n <= 0 || !dict->slots) return;
-    size_t bytes = 0;
-    for (int s = 0; s < dict->size; ++s) {
-        if (dict->slots[s].name) bytes += std::strlen(dict->slots[s].name) + 1;
-    }
-    /* Pairs of slot and name offset, then the -1 end mark; the slot numbers are gathered and
-     * sorted in the upper half first and spread into pairs from the front. */
-    dict->sortslot = (int*)vsy_Malloc((size_t)(2 * n + 1) * sizeof(int));
-    dict->sortname = (char*)vsy_Malloc(bytes);
-    if (!dict->sortslot || !dict->sortname || bytes > 0x7FFFFFFF) {
-        vsy_Dictionary_FreeSorted(dict);
-        vsy_ErrorRecord(&dict->ierr, "vsy_DictionaryInitIterOrder", SYS_ERROR_MEMORY, "Malloc vec");
-        return;
-    }
-    int* idx = dict->sortslot + n + 1;
-    int m = 0;
-    for (int s = 0; s < dict->size && m < n; ++s) {
-        if (dict->slots[s].name) idx[m++] = s;
-    }
-    vsy_Hash_SortNames(m, idx, dict->slots, (int)sizeof(vsy_DictionarySlot), dict->nocase);
-    int off = 0;
-    for (int i = 0; i < m; ++i) {
-        int s = idx[i];
-        size_t len = std::strlen(dict->slots[s].name) + 1;
-        std::memcpy(dict->sortname + off, dict->slots[s].name, len);
-        dict->sortslot[2 * i] = s;
-        dict->sortslot[2 * i + 1] = off;
-        off += (int)len;
-    }
-    dict->sortslot[2 * m] = -1;
-}
-
-/* Next live slot of a sorted iteration, or -1 at its end. A name moved by growth is found again
- * by an exact search (a case-blind one could land on another spelling); a removed one is
- * skipped. */
-static int vsy_Dictionary_NextSorted(vsy_Dictionary* dict)
-{
-    for (;;) {
-        int s = dict->sortslot[2 * dict->iter];
-        if (s < 0) return -1;
-        const char* name = dict->sortname + dict->sortslot[2 * dict->iter + 1];
-        dict->iter++;
-        if (s < dict->size && dict->slots[s].name && std::strcmp(dict->slots[s].name, name) == 0) return s;
-        int avail;
-        s = vsy_Dictionary_Search(dict->slots, dict->size, name, 0, &avail);
-        if (s >= 0) return s;
-    }
+    vsy_NameTable_InitIterOrder(dict, "vsy_DictionaryInitIterOrder", 0, dict ? dict->nocase : 0);
 }
 
 void vsy_DictionaryNextIter(vsy_Dictionary* dict, const char** name, void** value)
 {
     if (!dict || !name || !value) return;
-    if (dict->iter < 0) dict->iter = 0;
-    int s = -1;
-    if (dict->slots && dict->sortslot) {
-        s = vsy_Dictionary_NextSorted(dict);
-    } else {
-        while (dict->slots && dict->iter < dict->size) {
-            int t = dict->iter++;
-            if (dict->slots[t].name) {
-                s = t;
-                break;
-            }
-        }
-    }
-    if (s >= 0) {
-        *name = dict->slots[s].name;
-        *value = dict->slots[s].value;
-        return;
-    }
-    vsy_Dictionary_FreeSorted(dict);
-    dict->iter = dict->size;
-    *name = nullptr;
-    *value = dict->empty;
+    int s = vsy_NameTable_Next(dict, vsy_Dictionary_SearchExact);
+    *name = s >= 0 ? dict->slots[s].name : nullptr;
+    *value = s >= 0 ? dict->slots[s].value : dict->empty;
 }

@@ -25,16 +25,24 @@ static void* vsy_Grow_Realloc(void* old, long long bytes)
     return vsy_Realloc(old, (size_t)bytes);
 }
 
+/* The common start of every form: 0 (with *ierr 4) when the call cannot succeed, so that
+ * nothing is touched and nothing allocated. */
+static int vsy_Grow_Check(int wanted, const int* capacity, const void* pointer, int** ierr, int* dummy)
+{
+    if (!*ierr) *ierr = dummy;
+    **ierr = 0;
+    if (!capacity || !pointer || wanted > VSY_GROW_MAXCAP) {
+        **ierr = SYS_ERROR_MEMORY;
+        return 0;
+    }
+    return 1;
+}
+
 template <class T>
 static void vsy_Grow_Typed(int wanted, int* capacity, T** pointer, int* ierr, int keepold)
 {
     int dummy = 0;
-    if (!ierr) ierr = &dummy;
-    *ierr = 0;
-    if (!capacity || !pointer) {
-        *ierr = SYS_ERROR_MEMORY;
-        return;
-    }
+    if (!vsy_Grow_Check(wanted, capacity, pointer, &ierr, &dummy)) return;
     int cap = vsy_GrowNewCapacity(wanted, *capacity);
     *capacity = cap;
     T* p = (T*)vsy_Grow_Realloc(*pointer, ((long long)cap + 1) * (long long)sizeof(T));
@@ -69,12 +77,7 @@ void vsy_GrowCapacity(int wanted, int* capacity, int** pointer, int* ierr)
 void vsy_GrowCapacityBits(int wanted, int* capacity, unsigned char** pointer, int* ierr)
 {
     int dummy = 0;
-    if (!ierr) ierr = &dummy;
-    *ierr = 0;
-    if (!capacity || !pointer) {
-        *ierr = SYS_ERROR_MEMORY;
-        return;
-    }
+    if (!vsy_Grow_Check(wanted, capacity, pointer, &ierr, &dummy)) return;
     int cap = vsy_GrowNewCapacity(wanted, *capacity);
     *capacity = cap;
     unsigned char* p = (unsigned char*)vsy_Grow_Realloc(*pointer, (long long)cap / 8 + 1);

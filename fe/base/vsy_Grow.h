@@ -13,6 +13,10 @@
  * pointer (still owned by the caller), while the 8-bit and 16-bit forms overwrite *pointer with
  * null: a caller of those must keep its own copy of the old pointer to release it.
  *
+ * A wanted size above VSY_GROW_MAXCAP cannot be reached: every form then fails with code 4
+ * before it allocates and leaves *capacity and *pointer as they were, so a success always
+ * means capacity >= wanted. (The clamp alone would report success with too small an array.)
+ *
  * The bit form counts bits: capacity is the highest valid bit index, and wanted / 8 + 1 bytes
  * are allocated. New elements are not initialised. A negative wanted counts as 0.
  */
@@ -22,7 +26,8 @@
 /* Largest capacity any form hands out: (capacity + 1) * 8 bytes still fits in an int32. */
 #define VSY_GROW_MAXCAP 0x0FFFFFFE
 
-/* The capacity the rule gives, without allocating. */
+/* The capacity the rule gives, without allocating; clamped to VSY_GROW_MAXCAP, so a caller that
+ * uses it directly must check that the result reaches `wanted`. */
 int vsy_GrowNewCapacity(int wanted, int capacity);
 
 void vsy_GrowCapacity(int wanted, int* capacity, unsigned char** pointer, int* ierr);

@@ -1,6 +1,9 @@
 /* vsy_Hash: hashing, table sizing and name sorting shared by the open-addressing containers. */
 #include "vsy_Hash.h"
 
+#include "vsy_Sort.h"
+#include "vsy_Util.h"
+
 int vsy_NextCapacity(int size)
 {
     long long s = (long long)size + size / 2;
@@ -51,47 +54,17 @@ int vsy_Hash_NameStep(int h)
     return 8 - h % 8;
 }
 
-static int vsy_Hash_Upper(int c)
-{
-    return (c >= 'a' && c <= 'z') ? c - 'a' + 'A' : c;
-}
-
 int vsy_Hash_NameCompare(const char* a, const char* b, int nocase)
 {
     const unsigned char* x = (const unsigned char*)a;
     const unsigned char* y = (const unsigned char*)b;
     for (;; ++x, ++y) {
-        int cx = nocase ? vsy_Hash_Upper(*x) : *x;
-        int cy = nocase ? vsy_Hash_Upper(*y) : *y;
+        int cx = nocase ? vsy_CharUpper(*x) : *x;
+        int cy = nocase ? vsy_CharUpper(*y) : *y;
         if (cx != cy) return cx < cy ? -1 : 1;
         if (cx == 0) return 0;
     }
 }
-
-/* Classic heapsort on a heap indexed from 1: build by sifting down from n / 2 + 1, then swap
- * the root to the end. less(i, j) and swap(i, j) take 0-based positions. */
-#define VSY_HASH_HEAPSORT(n, LESS, SWAP)                                   \
-    do {                                                                   \
-        if ((n) < 2) break;                                                \
-        for (int start = (n) / 2; start >= 1; --start) {                   \
-            int root = start, end = (n);                                   \
-            for (int child; (child = 2 * root) <= end; root = child) {     \
-                if (child < end && LESS(child - 1, child)) ++child;        \
-                if (!LESS(root - 1, child - 1)) break;                     \
-                SWAP(root - 1, child - 1);                                 \
-            }                                                              \
-        }                                                                  \
-        for (int end = (n); end > 1;) {                                    \
-            SWAP(0, end - 1);                                              \
-            --end;                                                         \
-            int root = 1;                                                  \
-            for (int child; (child = 2 * root) <= end; root = child) {     \
-                if (child < end && LESS(child - 1, child)) ++child;        \
-                if (!LESS(root - 1, child - 1)) break;                     \
-                SWAP(root - 1, child - 1);                                 \
-            }                                                              \
-        }                                                                  \
-    } while (0)
 
 static const char* vsy_Hash_SlotName(const void* slots, int stride, int slot)
 {
@@ -100,16 +73,8 @@ static const char* vsy_Hash_SlotName(const void* slots, int stride, int slot)
 
 void vsy_Hash_SortNames(int n, int* idx, const void* slots, int stride, int nocase)
 {
-#define NAME_LESS(i, j)                                                    \
-    (vsy_Hash_NameCompare(vsy_Hash_SlotName(slots, stride, idx[i]),        \
-                          vsy_Hash_SlotName(slots, stride, idx[j]), nocase) < 0)
-#define NAME_SWAP(i, j)                                                    \
-    do {                                                                   \
-        int t = idx[i];                                                    \
-        idx[i] = idx[j];                                                   \
-        idx[j] = t;                                                        \
-    } while (0)
-    VSY_HASH_HEAPSORT(n, NAME_LESS, NAME_SWAP);
-#undef NAME_LESS
-#undef NAME_SWAP
+    vsy_HeapSortBy(n, idx, nullptr, [&](int x, int y) {
+        return vsy_Hash_NameCompare(vsy_Hash_SlotName(slots, stride, x), vsy_Hash_SlotName(slots, stride, y),
+                                    nocase) < 0;
+    });
 }

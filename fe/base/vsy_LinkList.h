@@ -9,6 +9,10 @@
  * Growth: when no node is free, `len` grows to min(len + 20000, 2 * len) and the new nodes are
  * chained as free. Nodes move when the pool grows: a payload address is valid only until the
  * next vsy_LinkListAdd; an index stays valid.
+ *
+ * Word count: `words` is (nbytes + 11) / 8 + 1, raised by one on purpose where that leaves a
+ * node too short for its payload at offset 16 (nbytes 1 to 4 past a multiple of 8), since the
+ * plain rule would let such a payload run into the next node.
  */
 #ifndef VSY_LINKLIST_H
 #define VSY_LINKLIST_H

@@ -60,7 +60,7 @@ void vsy_StrReplace(char* str, char c, char r)
         if (*p == c) *p = r;
 }
 
-static int vsy_Util_Upper(int c)
+int vsy_CharUpper(int c)
 {
     return (c >= 'a' && c <= 'z') ? c - 'a' + 'A' : c;
 }
@@ -71,7 +71,7 @@ int vsy_StrCompareNoCase(const char* a, const char* b)
     const unsigned char* x = (const unsigned char*)a;
     const unsigned char* y = (const unsigned char*)b;
     for (;; ++x, ++y) {
-        if (vsy_Util_Upper(*x) != vsy_Util_Upper(*y)) return 1;
+        if (vsy_CharUpper(*x) != vsy_CharUpper(*y)) return 1;
         if (*x == 0) return 0;
     }
 }

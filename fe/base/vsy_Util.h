@@ -29,6 +29,8 @@ void vsy_Clear8(int n, void* to);
 void vsy_StrCopy(char* to, const char* from, int limit);
 /* Replaces every occurrence of character c by r in str (c may not be the terminator). */
 void vsy_StrReplace(char* str, char c, char r);
+/* The upper-case form of an ASCII letter; any other value as it is. */
+int vsy_CharUpper(int c);
 /* Compares two strings without regard to ASCII case: 0 when equal, 1 when different. Null
  * strings equal only each other. */
 int vsy_StrCompareNoCase(const char* a, const char* b);

@@ -34,13 +34,37 @@
  * element or node id (ElemNode, ElemNodePtr, IndElemNode, Topology, ElemNum, ElemCon, ElemCnn,
  * ElemCorn, ElemTopo, Coords, Coordsdv) report a range error with code 1 but leave `ierr`
  * untouched: they are the hot paths, and their callers do not poll. Option errors, setters and
- * the association queries store their code.
+ * the association queries store their code. A size no storage can reach (a node list that
+ * would take a chunk past VSY_GROW_MAXCAP entries, an attribute index past the largest array)
+ * is code 4 of the object that cannot grow, reported before anything is allocated, with
+ * nothing changed; an attribute type that failed on its first value stays absent.
  *
  * A vis_Connect with a vis_GridFun attached (vis_ConnectSetObject with SYS_GRIDFUN) is a thin
  * front: every query whose slot is set calls the slot, without checks of its own, and returns.
  *
  * Concurrency: none. Queries reuse the scratch arrays elnoix, elnoix2 and scratch, so not even
  * reads may run in parallel on one object.
+ *
+ * Not yet available: the objects below belong to parts of the library that do not exist yet.
+ * Until they do, each operation behaves as it does when the object is absent:
+ *   - `state` (coordinates held by a vis_State) stays null: the coordinate queries read the
+ *     connect's own arrays;
+ *   - `elemnorm` and `elemtang` (vis_ElemDat) stay null: vis_ConnectElemFaceNorm computes every
+ *     normal from the coordinates, and nothing reads tangents;
+ *   - group arguments: no vis_Group can pass the group check, so a non-null group given to
+ *     vis_ConnectExtent or vis_ConnectExtentdv is error 1 through vsy_ErrorNumber (no text)
+ *     under "vis_ConnectExtent", with the output unwritten;
+ *   - group extents: no node group restricts an extent, and the derived-group slots of the
+ *     grid function (15 to 18 and 20 to 22) stay null.
+ * vis_ConnectSetObject accepts only SYS_GRIDFUN for now, which keeps all of these null.
+ *
+ * Departures on purpose from the rules this object follows:
+ *   - A kernel that fails releases every table it built, so that a later call starts afresh
+ *     rather than returning at once over a half-built table that queries would read.
+ *   - The polyhedron index is sized by counting the rings of each list rather than by adding
+ *     maxk + 1, so that a list with more rings than its maxk cannot write past the index.
+ *   - vis_ConnectError returns the connect's own code first and asks the front's error slot
+ *     only when that is 0, so that a failure of the front's own checks is not hidden by it.
  */
 #ifndef VIS_CONNECT_H
 #define VIS_CONNECT_H
@@ -244,9 +268,9 @@ void vis_ConnectElemNum(vis_Connect* connect, int enttype, int id, int* num);
 /* Coordinates of nix nodes into x, three values each. */
 void vis_ConnectCoords(vis_Connect* connect, int nix, const int* ix, float* x);
 void vis_ConnectCoordsdv(vis_Connect* connect, int nix, const int* ix, double* x);
-/* Bounding box: three minima, three maxima. group must be null until node groups exist
- * (else vsy_ErrorNumber code 1). Nodes whose node attribute 0 exists and reads 0 are skipped;
- * with no node the output stays as it was. */
+/* Bounding box: three minima, three maxima. group must be null until node groups exist (see
+ * Not yet available above). Nodes whose node attribute 0 exists and reads 0 are skipped; with
+ * no node the output stays as it was. */
 void vis_ConnectExtent(vis_Connect* connect, struct vis_Group* group, float extent[6]);
 void vis_ConnectExtentdv(vis_Connect* connect, struct vis_Group* group, double extent[6]);
 

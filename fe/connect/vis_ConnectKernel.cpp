@@ -1,5 +1,6 @@
 /* vis_ConnectKernel: the node-to-element table and the queries on it; see vis_ConnectKernel.h. */
 #include "vis_ConnectKernel.h"
+#include "vis_ConnectInternal.h"
 
 #include "vis_Assoc.h"
 #include "vis_ElemGeom.h"
@@ -7,32 +8,10 @@
 #include "vsy_Error.h"
 
 #include <climits>
-
-#define GF_SET(c, code) ((c)->gridfun && (c)->gridfun->fun[code])
-#define GF_CALL(c, code, T) ((T)(c)->gridfun->fun[code])
+#include <cstring>
 
 /* Most distinct edges vis_Connect_PolyEdge keeps. */
 #define VIS_CONNECT_POLYEDGES 4096
-
-static int vis_Connect_KNull(const vis_Connect* c, const char* name)
-{
-    if (c) return 0;
-    vsy_ErrorNumber(name, SYS_ERROR_NULLOBJECT);
-    return 1;
-}
-
-static void vis_Connect_KRange(const char* name, const char* format, int arg)
-{
-    char text[VSY_ERROR_TEXTLEN];
-    vsy_ErrorFormat(text, format, arg);
-    vsy_ErrorMessage(name, SYS_ERROR_VALUE, text);
-}
-
-static void vis_Connect_KReport(vis_Connect* c, const char* name, int ierr, const char* text)
-{
-    c->ierr = ierr;
-    vsy_ErrorMessage(name, ierr, text);
-}
 
 static int vis_Connect_Shape(const vis_Connect* c, int id)
 {
@@ -42,123 +21,96 @@ static int vis_Connect_Shape(const vis_Connect* c, int id)
 /* ---------------------------------------------------------------------------------------- */
 /* The kernel */
 
-void vis_ConnectKernel(vis_Connect* c)
+/* Step 3, without a front: cuts the per-element arrays, the chunks of node lists and every
+ * association down to what is used. Returns 0 after a failure (recorded). */
+static int vis_Connect_KernelCompact(vis_Connect* c)
 {
-    static const char* name = "vis_ConnectKernel";
-    if (vis_Connect_KNull(c, name)) return;
-    if (c->numelem == 0 || c->mode == 1 || !c->shape) return;
-
-    int n = c->numnode;
-    if (n == 0) {
-        for (int id = 1; id <= c->numelem; ++id) {
-            int num;
-            const int* list = vis_Connect_List(c, id, &num);
-            for (int k = 0; k < num; ++k)
-                if (list[k] > n) n = list[k];
-        }
-        if (n == 0) return;
+    int ierr = 0;
+    if (c->elemalloc != c->numelem) {
+        vis_Connect_ReallocTopology(c, c->numelem, &ierr);
+        if (ierr) return 0;
     }
-
-    if (!c->gridfun) {
-        int ierr = 0;
-        if (c->elemalloc != c->numelem) {
-            vis_Connect_ReallocTopology(c, c->numelem, &ierr);
-            if (ierr) return;
-        }
-        if (c->elnodecap != c->elnodeused && c->numchunk > 0) {
-            for (int ch = 0; ch < c->numchunk; ++ch) {
-                if (!c->elnode[ch] || c->chunkcap[ch] == c->chunkused[ch]) continue;
-                vis_Connect_ReallocElemNode(c, c->chunkused[ch], ch, &ierr);
-                if (ierr) return;
-            }
-        }
-        for (int t = 0; t <= VIS_CONNECT_MAXASSOC; ++t) {
-            vis_Assoc* a[2] = {c->nodeassoc[t], c->elemassoc[t]};
-            for (int s = 0; s < 2; ++s) {
-                if (!a[s]) continue;
-                vis_AssocCompact(a[s]);
-                int e = vis_AssocError(a[s]);
-                if (e) {
-                    c->ierr = e;
-                    return;
-                }
-            }
+    for (int ch = 0; ch < c->numchunk && c->elnodecap != c->elnodeused; ++ch) {
+        if (!c->elnode[ch] || c->chunkcap[ch] == c->chunkused[ch]) continue;
+        vis_Connect_ReallocElemNode(c, c->chunkused[ch], ch, &ierr);
+        if (ierr) return 0;
+    }
+    for (int t = 0; t <= VIS_CONNECT_MAXASSOC; ++t) {
+        vis_Assoc* a[2] = {c->nodeassoc[t], c->elemassoc[t]};
+        for (int s = 0; s < 2; ++s) {
+            if (!a[s]) continue;
+            vis_AssocCompact(a[s]);
+            if (vis_Connect_Poll(c, vis_AssocError(a[s]))) return 0;
         }
     }
+    return 1;
+}
 
-    if (c->nodeelem) return;
-    if (!vis_Connect_Scratch(c)) return;
+/* Number of rings of a polyhedron's list: a ring ends where its first node comes back. */
+static int vis_Connect_RingCount(const int* list, int num)
+{
+    int rings = 0, open = 1, start = 0;
+    for (int k = 0; k < num; ++k) {
+        if (open) {
+            start = list[k];
+            open = 0;
+            rings++;
+        } else if (list[k] == start) {
+            open = 1;
+        }
+    }
+    return rings;
+}
 
-    c->nodeelemsize = (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int));
-    if (!c->nodeelemsize) {
-        vis_Connect_KReport(c, name, SYS_ERROR_MEMORY, "Malloc nodeelemsize");
-        return;
-    }
-    int* icount = (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int));
-    if (!icount) {
-        vsy_Free(c->nodeelemsize);
-        c->nodeelemsize = nullptr;
-        vis_Connect_KReport(c, name, SYS_ERROR_MEMORY, "Malloc icount");
-        return;
-    }
+/* First pass: the length of every row into nodeelemsize, the sum of all list lengths into
+ * *total (duplicates included) and the polyhedron index length into *polytotal. icount[node]
+ * holds the last element that counted the node, so a node named twice by one element counts
+ * once, with no clearing between elements. Returns 0 after reporting a node outside 1 to n. */
+static int vis_Connect_KernelCount(vis_Connect* c, int n, int* icount, int64_t* total, int64_t* polytotal)
+{
     int* size = c->nodeelemsize;
-    for (int i = 0; i <= n; ++i) size[i] = icount[i] = 0;
-
-    /* First pass: row lengths. icount[node] holds the last element that counted the node, so a
-     * node named twice by one element counts once, with no clearing between elements. */
-    int64_t total = 0, polytotal = 0;
-    for (int id = 1; id <= c->numelem; ++id) {
+    const int numelem = c->numelem;
+    int64_t sum = 0, poly = 0; /* locals: the list calls could otherwise touch *total */
+    for (int id = 1; id <= numelem; ++id) {
         int num;
         const int* list = vis_Connect_List(c, id, &num);
-        total += num;
+        sum += num;
         for (int k = 0; k < num; ++k) {
             int node = list[k];
             if (node < 1 || node > n) {
-                char text[VSY_ERROR_TEXTLEN];
-                vsy_ErrorFormat(text, "elem= %d, p->elnoix[%d]= %d", id, k, node);
-                vsy_Free(icount);
-                vsy_Free(c->nodeelemsize);
-                c->nodeelemsize = nullptr;
-                vis_Connect_KReport(c, name, SYS_ERROR_OPERATION, text);
-                return;
+                vsy_ErrorRecord(&c->ierr, "vis_ConnectKernel", SYS_ERROR_OPERATION, "elem= %d, p->elnoix[%d]= %d",
+                                id, k, node);
+                return 0;
             }
             if (icount[node] != id) {
                 size[node]++;
                 icount[node] = id;
             }
         }
-        if (c->shape[id] == SYS_SHAPE_POLYHED) {
-            /* One entry per ring, counted from the list itself, and one for the end. */
-            int rings = 0, open = 1, start = 0;
-            for (int k = 0; k < num; ++k) {
-                if (open) {
-                    start = list[k];
-                    open = 0;
-                    rings++;
-                } else if (list[k] == start) {
-                    open = 1;
-                }
-            }
-            polytotal += rings + 1;
-        }
+        /* One entry per ring, counted from the list itself, and one for the end. */
+        if (c->shape[id] == SYS_SHAPE_POLYHED) poly += vis_Connect_RingCount(list, num) + 1;
     }
+    *total = sum;
+    *polytotal = poly;
+    return 1;
+}
 
-    /* A failure from here on releases all the tables, so that a later call starts afresh
-     * rather than finding a half-built table. */
+/* Allocates the rows and the polyhedron index and turns the row lengths into row starts,
+ * clearing nodeelemsize and icount for the second pass. Returns 0 after a failure (recorded). */
+static int vis_Connect_KernelStarts(vis_Connect* c, int n, int* icount, int64_t total, int64_t polytotal)
+{
+    static const char* name = "vis_ConnectKernel";
     c->nodeelem = (int*)vsy_Malloc(((size_t)total + 1) * sizeof(int));
     if (!c->nodeelem) {
-        vsy_Free(icount);
-        vis_Connect_DropKernel(c);
-        vis_Connect_KReport(c, name, SYS_ERROR_MEMORY, "Malloc nodeelem");
-        return;
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "Malloc nodeelem");
+        return 0;
     }
     c->nodeelempntr = (int64_t*)vsy_Malloc(((size_t)n + 2) * sizeof(int64_t));
     if (!c->nodeelempntr) {
-        vsy_Free(icount);
-        vis_Connect_DropKernel(c);
-        vis_Connect_KReport(c, name, SYS_ERROR_MEMORY, "Malloc nodeelempntr");
-        return;
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "Malloc nodeelempntr");
+        return 0;
     }
+    int* size = c->nodeelemsize;
     int64_t* pntr = c->nodeelempntr;
     c->maxnodeelem = 0;
     pntr[0] = 0;
@@ -169,24 +121,46 @@ void vis_ConnectKernel(vis_Connect* c)
         size[i] = 0;
         icount[i] = 0;
     }
-
-    if (polytotal != 0) {
-        c->polyfaceix = (short*)vsy_Malloc((size_t)polytotal * sizeof(short));
-        c->polyfacepntr = (int64_t*)vsy_Malloc(((size_t)c->numelem + 2) * sizeof(int64_t));
-        if (!c->polyfaceix || !c->polyfacepntr) {
-            vsy_Free(icount);
-            vis_Connect_DropKernel(c);
-            vis_Connect_KReport(c, name, SYS_ERROR_MEMORY, "Malloc polyfaceix");
-            return;
-        }
-        c->polyfacepntr[0] = 0;
-        c->polyfacepntr[1] = 0;
+    if (polytotal == 0) return 1;
+    c->polyfaceix = (short*)vsy_Malloc((size_t)polytotal * sizeof(short));
+    c->polyfacepntr = (int64_t*)vsy_Malloc(((size_t)c->numelem + 2) * sizeof(int64_t));
+    if (!c->polyfaceix || !c->polyfacepntr) {
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "Malloc polyfaceix");
+        return 0;
     }
+    c->polyfacepntr[0] = 0;
+    c->polyfacepntr[1] = 0;
+    return 1;
+}
 
-    /* Second pass: fill. Ids ascend, so every row comes out sorted. */
+/* Ring starts of polyhedron id, then its list length, from polyfaceix[pp] on; returns the next
+ * free entry. */
+static int64_t vis_Connect_KernelRings(vis_Connect* c, const int* list, int num, int64_t pp)
+{
+    int open = 1, start = 0;
+    for (int k = 0; k < num; ++k) {
+        if (open) {
+            start = list[k];
+            open = 0;
+            c->polyfaceix[pp++] = (short)k;
+        } else if (list[k] == start) {
+            open = 1;
+        }
+    }
+    c->polyfaceix[pp++] = (short)num;
+    return pp;
+}
+
+/* Second pass: fills the rows. Ids ascend, so every row comes out sorted. */
+static void vis_Connect_KernelFill(vis_Connect* c, int* icount)
+{
     int* ne = c->nodeelem;
+    int* size = c->nodeelemsize;
+    const int64_t* pntr = c->nodeelempntr;
+    int64_t* polypntr = c->polyfacepntr;
+    const int numelem = c->numelem;
     int64_t pp = 0;
-    for (int id = 1; id <= c->numelem; ++id) {
+    for (int id = 1; id <= numelem; ++id) {
         int num;
         const int* list = vis_Connect_List(c, id, &num);
         for (int k = 0; k < num; ++k) {
@@ -197,23 +171,56 @@ void vis_ConnectKernel(vis_Connect* c)
                 icount[node] = id;
             }
         }
-        if (polytotal != 0) {
-            if (c->shape[id] == SYS_SHAPE_POLYHED) {
-                int open = 1, start = 0;
-                for (int k = 0; k < num; ++k) {
-                    if (open) {
-                        start = list[k];
-                        open = 0;
-                        c->polyfaceix[pp++] = (short)k;
-                    } else if (list[k] == start) {
-                        open = 1;
-                    }
-                }
-                c->polyfaceix[pp++] = (short)num;
-            }
-            c->polyfacepntr[id + 1] = pp;
-        }
+        if (!polypntr) continue;
+        if (c->shape[id] == SYS_SHAPE_POLYHED) pp = vis_Connect_KernelRings(c, list, num, pp);
+        polypntr[id + 1] = pp;
     }
+}
+
+/* Largest node id in any element list: the node count when Def left it open. */
+static int vis_Connect_KernelNodes(vis_Connect* c)
+{
+    if (c->numnode != 0) return c->numnode;
+    int n = 0;
+    for (int id = 1; id <= c->numelem; ++id) {
+        int num;
+        const int* list = vis_Connect_List(c, id, &num);
+        for (int k = 0; k < num; ++k)
+            if (list[k] > n) n = list[k];
+    }
+    return n;
+}
+
+void vis_ConnectKernel(vis_Connect* c)
+{
+    static const char* name = "vis_ConnectKernel";
+    if (vis_Connect_Null(c, name)) return;
+    if (c->numelem == 0 || c->mode == 1 || !c->shape) return;
+    int n = vis_Connect_KernelNodes(c);
+    if (n == 0) return;
+    if (!c->gridfun && !vis_Connect_KernelCompact(c)) return;
+    if (c->nodeelem) return;
+    if (!vis_Connect_Scratch(c)) return;
+
+    c->nodeelemsize = (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int));
+    int* icount = c->nodeelemsize ? (int*)vsy_Malloc(((size_t)n + 1) * sizeof(int)) : nullptr;
+    if (!icount) {
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "%s", c->nodeelemsize ? "Malloc icount" : "Malloc nodeelemsize");
+        vis_Connect_DropKernel(c);
+        return;
+    }
+    memset(c->nodeelemsize, 0, ((size_t)n + 1) * sizeof(int));
+    memset(icount, 0, ((size_t)n + 1) * sizeof(int));
+    int64_t total, polytotal;
+    /* A failure releases every table, so that a later call starts afresh rather than finding a
+     * half-built one. */
+    if (!vis_Connect_KernelCount(c, n, icount, &total, &polytotal) ||
+        !vis_Connect_KernelStarts(c, n, icount, total, polytotal)) {
+        vsy_Free(icount);
+        vis_Connect_DropKernel(c);
+        return;
+    }
+    vis_Connect_KernelFill(c, icount);
     c->kernelnode = n;
     vsy_Free(icount);
 }
@@ -234,17 +241,7 @@ static int vis_Connect_TableNodes(const vis_Connect* c)
 /* Grows the node scratch to n entries. */
 static int vis_Connect_NodeScratch(vis_Connect* c, int n)
 {
-    if (n <= c->nodescratchcap && c->nodescratch) return 1;
-    int cap = n + 64;
-    int* p = (int*)vsy_Realloc(c->nodescratch, (size_t)cap * sizeof(int));
-    if (!p) {
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber("vis_Connect_NodeScratch", SYS_ERROR_MEMORY);
-        return 0;
-    }
-    c->nodescratch = p;
-    c->nodescratchcap = cap;
-    return 1;
+    return vis_Connect_GrowScratch(c, "vis_Connect_NodeScratch", &c->nodescratch, &c->nodescratchcap, n);
 }
 
 /* Row of node: static mode a pointer into the table; dynamic mode a copy in nodescratch. */
@@ -290,13 +287,13 @@ static int vis_Connect_InRow(vis_Connect* c, int node, int elem)
 
 void vis_ConnectMaxNodeElem(vis_Connect* c, int* num)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectMaxNodeElem")) return;
+    if (vis_Connect_Null(c, "vis_ConnectMaxNodeElem")) return;
     if (GF_SET(c, VIS_GRIDFUN_MAXNODEELEM)) {
         GF_CALL(c, VIS_GRIDFUN_MAXNODEELEM, vis_GridFunMaxNodeElem_t)(c->gridfun->obj, num);
         return;
     }
     if (c->mode == 0 && !c->nodeelem) {
-        vis_Connect_KReport(c, "vis_ConnectMaxNodeElem", SYS_ERROR_OPERATION, "ConnectKernel not called");
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectMaxNodeElem", SYS_ERROR_OPERATION, "ConnectKernel not called");
         return;
     }
     if (num) *num = c->maxnodeelem;
@@ -304,13 +301,13 @@ void vis_ConnectMaxNodeElem(vis_Connect* c, int* num)
 
 void vis_ConnectNumNodeElem(vis_Connect* c, int id, int* num)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectNumNodeElem")) return;
+    if (vis_Connect_Null(c, "vis_ConnectNumNodeElem")) return;
     if (GF_SET(c, VIS_GRIDFUN_NUMNODEELEM)) {
         GF_CALL(c, VIS_GRIDFUN_NUMNODEELEM, vis_GridFunNumNodeElem_t)(c->gridfun->obj, id, num);
         return;
     }
     if (c->mode == 0 && !c->nodeelem) {
-        vis_Connect_KReport(c, "vis_ConnectNumNodeElem", SYS_ERROR_OPERATION, "ConnectKernel not called");
+        vsy_ErrorRecord(&c->ierr, "vis_ConnectNumNodeElem", SYS_ERROR_OPERATION, "ConnectKernel not called");
         return;
     }
     if (!num) return;
@@ -322,7 +319,7 @@ void vis_ConnectNumNodeElem(vis_Connect* c, int id, int* num)
 
 void vis_ConnectNodeElem(vis_Connect* c, int id, int* num, int* elems)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectNodeElem")) return;
+    if (vis_Connect_Null(c, "vis_ConnectNodeElem")) return;
     if (GF_SET(c, VIS_GRIDFUN_NODEELEM)) {
         GF_CALL(c, VIS_GRIDFUN_NODEELEM, vis_GridFunNodeElem_t)(c->gridfun->obj, id, num, elems);
         return;
@@ -330,7 +327,7 @@ void vis_ConnectNodeElem(vis_Connect* c, int id, int* num, int* elems)
     *num = 0;
     if (!vis_Connect_HasTable(c)) return;
     if (id < 1 || id > vis_Connect_TableNodes(c)) {
-        vis_Connect_KRange("vis_ConnectNodeElem", "id= %d", id);
+        vsy_ErrorRecord(nullptr, "vis_ConnectNodeElem", SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     int n;
@@ -341,7 +338,7 @@ void vis_ConnectNodeElem(vis_Connect* c, int id, int* num, int* elems)
 
 void vis_ConnectNodeNode(vis_Connect* c, int id, int* num, int* nodes)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectNodeNode")) return;
+    if (vis_Connect_Null(c, "vis_ConnectNodeNode")) return;
     if (GF_SET(c, VIS_GRIDFUN_NODENODE)) {
         GF_CALL(c, VIS_GRIDFUN_NODENODE, vis_GridFunNodeNode_t)(c->gridfun->obj, id, num, nodes);
         return;
@@ -349,7 +346,7 @@ void vis_ConnectNodeNode(vis_Connect* c, int id, int* num, int* nodes)
     *num = 0;
     if (!vis_Connect_HasTable(c)) return;
     if (id < 1 || id > vis_Connect_TableNodes(c)) {
-        vis_Connect_KRange("vis_ConnectNodeNode", "id= %d", id);
+        vsy_ErrorRecord(nullptr, "vis_ConnectNodeNode", SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     int nrow;
@@ -374,7 +371,7 @@ void vis_ConnectNodeNode(vis_Connect* c, int id, int* num, int* nodes)
 
 void vis_ConnectNodeElemCommon(vis_Connect* c, int nnodes, const int* nodes, int* num, int* elems)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectNodeElemCommon")) return;
+    if (vis_Connect_Null(c, "vis_ConnectNodeElemCommon")) return;
     if (GF_SET(c, VIS_GRIDFUN_NODEELEMCOMMON)) {
         GF_CALL(c, VIS_GRIDFUN_NODEELEMCOMMON, vis_GridFunNodeElemCommon_t)(c->gridfun->obj, nnodes, nodes, num,
                                                                            elems);
@@ -624,6 +621,86 @@ void vis_Connect_PolyFaceCnn(vis_Connect* c, int id, int no, int* num, int* posi
 /* ---------------------------------------------------------------------------------------- */
 /* Entities */
 
+/* Reports entity number no as out of range under name (without touching ierr); returns 0. */
+static int vis_Connect_BadNo(const char* name, int no)
+{
+    vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "no= %d", no);
+    return 0;
+}
+
+/* Positions 0 to n - 1 into pos; returns n. */
+static int vis_Connect_Sequence(int n, int* pos)
+{
+    for (int k = 0; k < n; ++k) pos[k] = k;
+    return n;
+}
+
+/* The whole list of element id as positions: every node (kind 0) or the corners (kind 1). */
+static int vis_Connect_EntityAll(vis_Connect* c, int id, int kind, int* pos)
+{
+    int shape = vis_Connect_Shape(c, id), nn = c->numelemnode[id], n = 0;
+    if (kind == 0) return vis_Connect_Sequence(nn, pos);
+    vis_ElemCornerCount(shape, nn, &n);
+    vis_ElemCorners(shape, c->maxi[id], c->maxj[id], c->maxk[id], pos);
+    return n;
+}
+
+/* Face no of element id as positions; returns 0 after a report. */
+static int vis_Connect_EntityFace(vis_Connect* c, const char* name, int id, int no, int kind, int* num, int* pos)
+{
+    int shape = vis_Connect_Shape(c, id);
+    int mi = c->maxi[id], mj = c->maxj[id], mk = c->maxk[id], nn = c->numelemnode[id];
+    if (shape < 0 || shape == SYS_SHAPE_POINT || shape == SYS_SHAPE_LINE) return 1;
+    if (shape == SYS_SHAPE_TRI || shape == SYS_SHAPE_QUAD) {
+        if (no != 1) return vis_Connect_BadNo(name, no);
+        *num = vis_Connect_EntityAll(c, id, kind, pos);
+        return 1;
+    }
+    if (shape == SYS_SHAPE_POLYHED) {
+        int first, len, ln;
+        const int* list = vis_Connect_List(c, id, &ln);
+        if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) return vis_Connect_BadNo(name, no);
+        *num = kind == 1 ? len - 1 : len;
+        for (int k = 0; k < *num; ++k) pos[k] = first + k;
+        return 1;
+    }
+    int nf = 0;
+    vis_ElemFaceCount(shape, mk, &nf);
+    if (no < 1 || no > nf) return vis_Connect_BadNo(name, no);
+    if (shape == SYS_SHAPE_POLYGON) *num = vis_Connect_Sequence(kind == 1 ? nn - 1 : nn, pos);
+    else if (kind == 1) vis_ElemFaceCorners(shape, mi, mj, mk, no - 1, num, pos);
+    else vis_ElemFaceNodes(shape, mi, mj, mk, no - 1, num, pos);
+    return 1;
+}
+
+/* Edge no of element id as positions; returns 0 after a report. */
+static int vis_Connect_EntityEdge(vis_Connect* c, const char* name, int id, int no, int kind, int* num, int* pos)
+{
+    int shape = vis_Connect_Shape(c, id);
+    int mi = c->maxi[id], mj = c->maxj[id], mk = c->maxk[id];
+    if (shape < 0 || shape == SYS_SHAPE_POINT) return 1;
+    if (shape == SYS_SHAPE_LINE) {
+        if (no != 1) return vis_Connect_BadNo(name, no);
+        if (kind == 1) vis_ElemEdgeCorners(shape, mi, mj, mk, 0, num, pos);
+        else *num = vis_Connect_Sequence(c->numelemnode[id], pos);
+        return 1;
+    }
+    if (shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) {
+        int p = vis_Connect_PolyEdge(c, id, no);
+        if (p < 0) return vis_Connect_BadNo(name, no);
+        pos[0] = p;
+        pos[1] = p + 1;
+        *num = 2;
+        return 1;
+    }
+    int ne = 0;
+    vis_ElemEdgeCount(shape, mj, &ne);
+    if (no < 1 || no > ne) return vis_Connect_BadNo(name, no);
+    if (kind == 1) vis_ElemEdgeCorners(shape, mi, mj, mk, no - 1, num, pos);
+    else vis_ElemEdgeNodes(shape, mi, mj, mk, no - 1, num, pos);
+    return 1;
+}
+
 /* The entity as 0-based positions in the element's list. kind 0: all nodes (ElemCon, ElemCnn),
  * 1: corners only (ElemCorn). Returns 0 after a report. */
 static int vis_Connect_Entity(vis_Connect* c, const char* name, int enttype, int id, int no, int kind,
@@ -631,118 +708,49 @@ static int vis_Connect_Entity(vis_Connect* c, const char* name, int enttype, int
 {
     *num = 0;
     if (id < 1 || id > c->numelem) {
-        vis_Connect_KRange(name, "id= %d", id);
+        vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
         return 0;
     }
-    if (enttype != SYS_NODE && enttype != SYS_EDGE && enttype != SYS_FACE && enttype != SYS_ELEM) {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "enttype= %d", enttype);
-        vis_Connect_KReport(c, name, SYS_ERROR_ENUM, text);
-        return 0;
-    }
-    int shape = vis_Connect_Shape(c, id);
-    int mi = c->maxi[id], mj = c->maxj[id], mk = c->maxk[id];
-    int nn = c->numelemnode[id];
-    int n = 0;
-    if (enttype == SYS_ELEM) {
-        if (kind == 1) {
-            vis_ElemCornerCount(shape, nn, &n);
-            vis_ElemCorners(shape, mi, mj, mk, pos);
-        } else {
-            for (int k = 0; k < nn; ++k) pos[k] = k;
-            n = nn;
-        }
-    } else if (enttype == SYS_NODE) {
-        if (no < 1 || no > nn) {
-            vis_Connect_KRange(name, "no= %d", no);
-            return 0;
-        }
+    switch (enttype) {
+    case SYS_ELEM: *num = vis_Connect_EntityAll(c, id, kind, pos); return 1;
+    case SYS_FACE: return vis_Connect_EntityFace(c, name, id, no, kind, num, pos);
+    case SYS_EDGE: return vis_Connect_EntityEdge(c, name, id, no, kind, num, pos);
+    case SYS_NODE:
+        if (no < 1 || no > c->numelemnode[id]) return vis_Connect_BadNo(name, no);
         pos[0] = no - 1;
-        n = 1;
-    } else if (shape < 0 || shape == SYS_SHAPE_POINT || (enttype == SYS_FACE && shape == SYS_SHAPE_LINE)) {
-        n = 0;
-    } else if (enttype == SYS_FACE) {
-        if (shape == SYS_SHAPE_TRI || shape == SYS_SHAPE_QUAD) {
-            if (no != 1) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            if (kind == 1) {
-                vis_ElemCornerCount(shape, nn, &n);
-                vis_ElemCorners(shape, mi, mj, mk, pos);
-            } else {
-                for (int k = 0; k < nn; ++k) pos[k] = k;
-                n = nn;
-            }
-        } else if (shape == SYS_SHAPE_POLYHED) {
-            int first, len, ln;
-            const int* list = vis_Connect_List(c, id, &ln);
-            if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            n = kind == 1 ? len - 1 : len;
-            for (int k = 0; k < n; ++k) pos[k] = first + k;
-        } else {
-            int nf = 0;
-            vis_ElemFaceCount(shape, mk, &nf);
-            if (no < 1 || no > nf) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            if (shape == SYS_SHAPE_POLYGON) {
-                n = kind == 1 ? nn - 1 : nn;
-                for (int k = 0; k < n; ++k) pos[k] = k;
-            } else if (kind == 1) {
-                vis_ElemFaceCorners(shape, mi, mj, mk, no - 1, &n, pos);
-            } else {
-                vis_ElemFaceNodes(shape, mi, mj, mk, no - 1, &n, pos);
-            }
-        }
-    } else { /* SYS_EDGE */
-        if (shape == SYS_SHAPE_LINE) {
-            if (no != 1) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            if (kind == 1) vis_ElemEdgeCorners(shape, mi, mj, mk, 0, &n, pos);
-            else {
-                for (int k = 0; k < nn; ++k) pos[k] = k;
-                n = nn;
-            }
-        } else if (shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) {
-            int p = vis_Connect_PolyEdge(c, id, no);
-            if (p < 0) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            pos[0] = p;
-            pos[1] = p + 1;
-            n = 2;
-        } else {
-            int ne = 0;
-            vis_ElemEdgeCount(shape, mj, &ne);
-            if (no < 1 || no > ne) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return 0;
-            }
-            if (kind == 1) vis_ElemEdgeCorners(shape, mi, mj, mk, no - 1, &n, pos);
-            else vis_ElemEdgeNodes(shape, mi, mj, mk, no - 1, &n, pos);
-        }
+        *num = 1;
+        return 1;
+    default: vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "enttype= %d", enttype); return 0;
     }
-    *num = n;
-    return 1;
 }
 
-/* Face corners of the solids, in the face table's order: in serendipity forms (low half of
- * maxj 0, maxk 0) the corners lead the list, so these are positions too. */
-static const signed char vis_Connect_FaceTab[4][6][5] = {
-    /* tet */ {{3, 0, 2, 1}, {3, 0, 1, 3}, {3, 0, 3, 2}, {3, 1, 2, 3}, {0}, {0}},
-    /* pyr */ {{4, 0, 3, 2, 1}, {3, 0, 1, 4}, {3, 1, 2, 4}, {3, 2, 3, 4}, {3, 3, 0, 4}, {0}},
-    /* wed */ {{3, 0, 2, 1}, {3, 3, 4, 5}, {4, 0, 1, 4, 3}, {4, 0, 3, 5, 2}, {4, 1, 2, 5, 4}, {0}},
-    /* hex */ {{4, 0, 3, 2, 1}, {4, 4, 5, 6, 7}, {4, 0, 1, 5, 4}, {4, 3, 7, 6, 2}, {4, 0, 4, 7, 3}, {4, 1, 2, 6, 5}},
-};
-static const signed char vis_Connect_NumFace[4] = {4, 5, 5, 6};
+/* Corner positions of the faces of the four solids, tetrahedron to hexahedron, read once from
+ * the element tables. In serendipity forms (low half of maxj 0, maxk 0) the corners lead the
+ * list, so these are positions for every order; the quick face path reads them without
+ * parsing the element's form each time. */
+typedef struct vis_Connect_SolidFaces {
+    int numface[4];
+    int numcorner[4][6];
+    int corner[4][6][4];
+} vis_Connect_SolidFaces;
+
+static const vis_Connect_SolidFaces* vis_Connect_Faces(void)
+{
+    static const vis_Connect_SolidFaces faces = [] {
+        vis_Connect_SolidFaces f = {};
+        for (int s = 0; s < 4; ++s) {
+            int shape = SYS_SHAPE_TET + s;
+            vis_ElemFaceCount(shape, 0, &f.numface[s]);
+            for (int k = 0; k < f.numface[s]; ++k) {
+                int pos[VIS_ELEM_MAXFACENODE];
+                vis_ElemFaceCorners(shape, 0, 0, 0, k, &f.numcorner[s][k], pos);
+                for (int j = 0; j < f.numcorner[s][k] && j < 4; ++j) f.corner[s][k][j] = pos[j];
+            }
+        }
+        return f;
+    }();
+    return &faces;
+}
 
 /* Position buffer big enough for any entity of element id (whole lists of polygons and
  * polyhedra included): elnoix2 of the scratch. */
@@ -754,7 +762,7 @@ static int* vis_Connect_PosBuffer(vis_Connect* c)
 
 void vis_ConnectElemCon(vis_Connect* c, int enttype, int id, int no, int* num, int* nodes)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectElemCon")) return;
+    if (vis_Connect_Null(c, "vis_ConnectElemCon")) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMCON)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMCON, vis_GridFunElemCon_t)(c->gridfun->obj, enttype, id, no, num, nodes);
         return;
@@ -771,7 +779,7 @@ void vis_ConnectElemCon(vis_Connect* c, int enttype, int id, int no, int* num, i
 
 void vis_ConnectElemCnn(vis_Connect* c, int enttype, int id, int no, int* num, int* positions)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectElemCnn")) return;
+    if (vis_Connect_Null(c, "vis_ConnectElemCnn")) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMCNN)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMCNN, vis_GridFunElemCon_t)(c->gridfun->obj, enttype, id, no, num, positions);
         return;
@@ -786,7 +794,7 @@ void vis_ConnectElemCnn(vis_Connect* c, int enttype, int id, int no, int* num, i
 
 void vis_ConnectElemCorn(vis_Connect* c, int enttype, int id, int no, int* num, int* positions)
 {
-    if (vis_Connect_KNull(c, "vis_ConnectElemCorn")) return;
+    if (vis_Connect_Null(c, "vis_ConnectElemCorn")) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMCORN)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMCORN, vis_GridFunElemCon_t)(c->gridfun->obj, enttype, id, no, num, positions);
         return;
@@ -799,83 +807,76 @@ void vis_ConnectElemCorn(vis_Connect* c, int enttype, int id, int no, int* num, 
     *num = n;
 }
 
+/* Tuple of face no of element id into fs, fi, fj (shape -1 for points and lines); returns 0
+ * after a report. */
+static int vis_Connect_FaceTopo(vis_Connect* c, const char* name, int id, int no, int* fs, int* fi, int* fj)
+{
+    int s = vis_Connect_Shape(c, id);
+    if (s < 0 || s == SYS_SHAPE_POINT || s == SYS_SHAPE_LINE) return 1;
+    if (s == SYS_SHAPE_POLYHED) {
+        int first, len, ln;
+        const int* list = vis_Connect_List(c, id, &ln);
+        if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) return vis_Connect_BadNo(name, no);
+        *fs = SYS_SHAPE_POLYGON;
+        *fi = len;
+        *fj = len - 1;
+        return 1;
+    }
+    int nf = 0;
+    vis_ElemFaceCount(s, c->maxk[id], &nf);
+    if (no < 1 || no > nf) return vis_Connect_BadNo(name, no);
+    vis_ElemFaceTopo(s, c->maxi[id], c->maxj[id], c->maxk[id], no - 1, fs, fi, fj);
+    return 1;
+}
+
+/* Tuple of edge no of element id: a line with its node count (shape -1 for points); returns 0
+ * after a report. */
+static int vis_Connect_EdgeTopo(vis_Connect* c, const char* name, int id, int no, int* fs, int* fi)
+{
+    int s = vis_Connect_Shape(c, id);
+    if (s < 0 || s == SYS_SHAPE_POINT) return 1;
+    if (s == SYS_SHAPE_POLYGON || s == SYS_SHAPE_POLYHED) {
+        if (vis_Connect_PolyEdge(c, id, no) < 0) return vis_Connect_BadNo(name, no);
+        *fs = SYS_SHAPE_LINE;
+        *fi = 2;
+        return 1;
+    }
+    int ne = 0;
+    vis_ElemEdgeCount(s, c->maxj[id], &ne);
+    if (no < 1 || no > ne) return vis_Connect_BadNo(name, no);
+    *fs = SYS_SHAPE_LINE;
+    vis_ElemEdgeTopo(s, c->maxi[id], c->maxj[id], c->maxk[id], no - 1, fi);
+    return 1;
+}
+
 void vis_ConnectElemTopo(vis_Connect* c, int enttype, int id, int no, int* shape, int* maxi, int* maxj)
 {
     static const char* name = "vis_ConnectElemTopo";
-    if (vis_Connect_KNull(c, name)) return;
+    if (vis_Connect_Null(c, name)) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMTOPO)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMTOPO, vis_GridFunElemTopo_t)(c->gridfun->obj, enttype, id, no, shape, maxi, maxj);
         return;
     }
     if (id < 1 || id > c->numelem) {
-        vis_Connect_KRange(name, "id= %d", id);
+        vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
-    int s = vis_Connect_Shape(c, id);
-    int mi = c->maxi[id], mj = c->maxj[id], mk = c->maxk[id];
-    int fs = -1, fi = 0, fj = 0;
+    int fs = -1, fi = 0, fj = 0, ok = 1;
     switch (enttype) {
     case SYS_ELEM:
-        fs = s;
-        fi = mi;
-        fj = mj;
+        fs = vis_Connect_Shape(c, id);
+        fi = c->maxi[id];
+        fj = c->maxj[id];
         break;
     case SYS_NODE:
-        if (no < 1 || no > c->numelemnode[id]) {
-            vis_Connect_KRange(name, "no= %d", no);
-            return;
-        }
+        ok = no >= 1 && no <= c->numelemnode[id] ? 1 : vis_Connect_BadNo(name, no);
         fs = SYS_SHAPE_POINT;
         break;
-    case SYS_FACE:
-        if (s < 0 || s == SYS_SHAPE_POINT || s == SYS_SHAPE_LINE) break;
-        if (s == SYS_SHAPE_POLYHED) {
-            int first, len, ln;
-            const int* list = vis_Connect_List(c, id, &ln);
-            if (!vis_Connect_Ring(c, id, no, list, ln, &first, &len)) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_POLYGON;
-            fi = len;
-            fj = len - 1;
-        } else {
-            int nf = 0;
-            vis_ElemFaceCount(s, mk, &nf);
-            if (no < 1 || no > nf) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return;
-            }
-            vis_ElemFaceTopo(s, mi, mj, mk, no - 1, &fs, &fi, &fj);
-        }
-        break;
-    case SYS_EDGE:
-        if (s < 0 || s == SYS_SHAPE_POINT) break;
-        if (s == SYS_SHAPE_POLYGON || s == SYS_SHAPE_POLYHED) {
-            if (vis_Connect_PolyEdge(c, id, no) < 0) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_LINE;
-            fi = 2;
-        } else {
-            int ne = 0;
-            vis_ElemEdgeCount(s, mj, &ne);
-            if (no < 1 || no > ne) {
-                vis_Connect_KRange(name, "no= %d", no);
-                return;
-            }
-            fs = SYS_SHAPE_LINE;
-            vis_ElemEdgeTopo(s, mi, mj, mk, no - 1, &fi);
-        }
-        break;
-    default: {
-        char text[VSY_ERROR_TEXTLEN];
-        vsy_ErrorFormat(text, "enttype= %d", enttype);
-        vis_Connect_KReport(c, name, SYS_ERROR_ENUM, text);
-        return;
+    case SYS_FACE: ok = vis_Connect_FaceTopo(c, name, id, no, &fs, &fi, &fj); break;
+    case SYS_EDGE: ok = vis_Connect_EdgeTopo(c, name, id, no, &fs, &fi); break;
+    default: vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "enttype= %d", enttype); return;
     }
-    }
+    if (!ok) return;
     *shape = fs;
     *maxi = fi;
     *maxj = fj;
@@ -884,7 +885,7 @@ void vis_ConnectElemTopo(vis_Connect* c, int enttype, int id, int no, int* shape
 void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, int* elems)
 {
     static const char* name = "vis_ConnectElemAdj";
-    if (vis_Connect_KNull(c, name)) return;
+    if (vis_Connect_Null(c, name)) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMADJ)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMADJ, vis_GridFunElemAdj_t)(c->gridfun->obj, enttype, id, no, num, elems);
         return;
@@ -893,7 +894,7 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
     if (enttype != SYS_NODE && enttype != SYS_EDGE && enttype != SYS_FACE) return;
     if (!vis_Connect_HasTable(c)) return;
     if (id < 1 || id > c->numelem) {
-        vis_Connect_KRange(name, "id= %d", id);
+        vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     int shape = vis_Connect_Shape(c, id);
@@ -901,15 +902,18 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
         (c->maxj[id] & 0xFFFF) == 0 && c->maxk[id] == 0) {
         /* Quick path of the serendipity solids: corners from the face table, straight from the
          * chunk. */
-        if (no < 1 || no > vis_Connect_NumFace[shape - SYS_SHAPE_TET]) {
-            vis_Connect_KRange(name, "no= %d", no);
+        const vis_Connect_SolidFaces* f = vis_Connect_Faces();
+        int s = shape - SYS_SHAPE_TET;
+        if (no < 1 || no > f->numface[s]) {
+            vis_Connect_BadNo(name, no);
             return;
         }
-        const signed char* f = vis_Connect_FaceTab[shape - SYS_SHAPE_TET][no - 1];
+        const int* pos = f->corner[s][no - 1];
+        int nc = f->numcorner[s][no - 1];
         const int* list = c->elnode[(id - 1) >> VIS_CONNECT_ELEMSHIFT] + c->elnodeix[id];
         int corners[4];
-        for (int k = 0; k < f[0]; ++k) corners[k] = list[f[k + 1]];
-        vis_Connect_FaceElems(c, id, f[0] == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD, f[0], corners, num, elems);
+        for (int k = 0; k < nc; ++k) corners[k] = list[pos[k]];
+        vis_Connect_FaceElems(c, id, nc == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD, nc, corners, num, elems);
         return;
     }
     int* pos = vis_Connect_PosBuffer(c);
@@ -941,15 +945,15 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
 void vis_ConnectElemFaceNorm(vis_Connect* c, int id, int no, float* normal)
 {
     static const char* name = "vis_ConnectElemFaceNorm";
-    if (vis_Connect_KNull(c, name)) return;
+    if (vis_Connect_Null(c, name)) return;
     if (id < 1 || id > c->numelem) {
-        vis_Connect_KRange(name, "id= %d", id);
+        vsy_ErrorRecord(nullptr, name, SYS_ERROR_VALUE, "id= %d", id);
         return;
     }
     int fs = -1, fi = 0, fj = 0;
     vis_ConnectElemTopo(c, SYS_FACE, id, no, &fs, &fi, &fj);
     if (fs != SYS_SHAPE_TRI && fs != SYS_SHAPE_QUAD && fs != SYS_SHAPE_POLYGON) {
-        vis_Connect_KRange(name, "no= %d", no);
+        vis_Connect_BadNo(name, no);
         return;
     }
     if (!vis_Connect_Scratch(c)) return;
@@ -959,8 +963,7 @@ void vis_ConnectElemFaceNorm(vis_Connect* c, int id, int no, float* normal)
     float local[3 * VIS_ELEM_MAXFACENODE];
     float* x = n <= VIS_ELEM_MAXFACENODE ? local : (float*)vsy_Malloc((size_t)n * 3 * sizeof(float));
     if (!x) {
-        c->ierr = SYS_ERROR_MEMORY;
-        vsy_ErrorNumber(name, SYS_ERROR_MEMORY);
+        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "%s", "");
         return;
     }
     vis_ConnectCoords(c, n, c->elnoix, x);

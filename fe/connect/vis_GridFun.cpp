@@ -6,10 +6,7 @@
 static int vis_GridFun_CheckCode(vis_GridFun* gf, const char* name, int code)
 {
     if (code >= 1 && code <= VIS_GRIDFUN_MAXSLOT) return 1;
-    char text[VSY_ERROR_TEXTLEN];
-    gf->ierr = SYS_ERROR_ENUM;
-    vsy_ErrorFormat(text, "type= %d", code);
-    vsy_ErrorMessage(name, SYS_ERROR_ENUM, text);
+    vsy_ErrorRecord(&gf->ierr, name, SYS_ERROR_ENUM, "type= %d", code);
     return 0;
 }
 

@@ -2,6 +2,7 @@
 // checked against a plain model.
 #include "vis_Assoc.h"
 
+#include "vsy_Grow.h"
 #include "vsy_TestSupport.h"
 
 #include <map>
@@ -225,6 +226,73 @@ TEST_F(AssocTest, AllocationFailureReportsAndKeepsValues)
     RestoreAllocation();
     FailAllocation(1);
     EXPECT_EQ(vis_AssocNew(), nullptr);
+}
+
+// Indices past what any storage can hold are a memory error of the association, reported
+// before anything is allocated, and every value stays. An int32 or short array can hold index
+// VSY_GROW_MAXCAP at most; the nibble array packs two indices per byte, so it reaches about
+// twice as far, and 2 * VSY_GROW_MAXCAP + 2 is past it too.
+TEST_F(AssocTest, IndexBeyondTheLargestCapacityFailsAndKeepsValues)
+{
+    vis_AssocSet(a, 1, 1000);
+    vis_AssocSet(a, 2, -5);
+    ASSERT_EQ(type(), VIS_ASSOC_SHORT);
+    CountAllocations();
+    vis_AssocSet(a, VSY_GROW_MAXCAP + 1, 7);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Assoc_Realloc", 4, "");
+    EXPECT_EQ(vis_AssocError(a), 4);
+    EXPECT_EQ(vis_AssocGet(a, 1), 1000);
+    EXPECT_EQ(vis_AssocGet(a, 2), -5);
+    EXPECT_EQ(a->maxind, 2);
+    Reports().clear();
+
+    // Widening into a new array at such an index fails the same way, under Set.
+    CountAllocations();
+    vis_AssocSet(a, 300000000, 100000);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_AssocSet", 4, "index= 300000000");
+    EXPECT_EQ(vis_AssocError(a), 4);
+    EXPECT_EQ(type(), VIS_ASSOC_SHORT);
+    EXPECT_EQ(vis_AssocGet(a, 2), -5);
+    Reports().clear();
+
+    vis_Assoc* nib = vis_AssocNew();
+    vis_AssocDef(nib, 0, VIS_ASSOC_NIBBLE);
+    vis_AssocSet(nib, 3, 9);
+    CountAllocations();
+    vis_AssocSet(nib, 2 * VSY_GROW_MAXCAP + 2, 1);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Assoc_Realloc", 4, "");
+    EXPECT_EQ(vis_AssocError(nib), 4);
+    EXPECT_EQ(vis_AssocGet(nib, 3), 9);
+    EXPECT_EQ(nib->maxind, 3);
+    vis_AssocDelete(nib);
+}
+
+// The pool of extra values follows the same rule: when it stands at the largest capacity the
+// next value is refused, not written past the pool. The limit is staged in the fields (a real
+// pool that size would take gigabytes) and undone before the association is released.
+TEST_F(AssocTest, ChainPoolAtTheLargestCapacityRefusesTheNextValue)
+{
+    vis_AssocSet(a, 1, 4);
+    vis_AssocAdd(a, 1, 5);
+    ASSERT_NE(a->pool, nullptr);
+    const int poolnum = a->poolnum, poolcap = a->poolcap;
+    a->poolnum = VSY_GROW_MAXCAP + 1;
+    a->poolcap = VSY_GROW_MAXCAP;
+    CountAllocations();
+    vis_AssocAdd(a, 1, 6);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    a->poolnum = poolnum;
+    a->poolcap = poolcap;
+    ExpectOnlyReport("vis_AssocAdd", 4, "index= 1");
+    EXPECT_EQ(vis_AssocError(a), 4);
+    EXPECT_EQ(all(1), (std::vector<int>{4, 5}));
 }
 
 TEST_F(AssocTest, ReallocOfPatternTypesKeepsCap)

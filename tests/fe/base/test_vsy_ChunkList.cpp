@@ -4,6 +4,7 @@
 #include "vsy_TestSupport.h"
 
 #include <map>
+#include <climits>
 #include <vector>
 
 using namespace vsytest;
@@ -127,6 +128,23 @@ TEST_F(ChunkListTest, FailedCellKeepsTheOldList)
     EXPECT_EQ(get(2), std::vector<int>(v, v + 3));
     FailAllocation(1);
     EXPECT_EQ(vsy_ChunkListNew(), nullptr);
+}
+
+// The largest index needs 524288 index blocks (INT_MAX / 4096, rounded up); when their pointer
+// arrays cannot be allocated the list reports a memory error and keeps what it holds.
+TEST_F(ChunkListTest, IndexWhoseBlocksCannotBeAllocatedKeepsTheLists)
+{
+    const int v[5] = {1, 2, 3, 4, 5};
+    vsy_ChunkListSet(cl, 3, 5, v);
+    FailAllocationsAbove(1 << 20);
+    vsy_ChunkListAdd(cl, INT_MAX, 7);
+    RestoreAllocation();
+    ExpectOnlyReport("vsy_ChunkListAdd", 4, "index= 2147483647");
+    EXPECT_EQ(vsy_ChunkListError(cl), 4);
+    int maxind = -1;
+    vsy_ChunkListMaxIndex(cl, &maxind);
+    EXPECT_EQ(maxind, 3);
+    EXPECT_EQ(get(3), std::vector<int>(v, v + 5));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <map>
 #include <string>
+#include <climits>
 #include <vector>
 
 using namespace vsytest;
@@ -71,6 +72,21 @@ protected:
     }
     vsy_Dictionary* dict = nullptr;
 };
+
+// A size past the largest table is refused before anything is allocated.
+TEST_F(DictionaryTest, DefBeyondTheLargestSizeFailsWithoutAllocating)
+{
+    int x = 0;
+    vsy_DictionaryInsert(dict, "a", &x);
+    CountAllocations();
+    vsy_DictionaryDef(dict, INT_MAX);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vsy_DictionaryDef", 4, "nument= 2147483647");
+    void* v = nullptr;
+    vsy_DictionaryGet(dict, "a", &v);
+    EXPECT_EQ(v, &x);
+}
 
 }  // namespace
 

@@ -71,6 +71,21 @@ protected:
     vsy_HashTable* tab = nullptr;
 };
 
+// A size past the largest table (VSY_HASH_MAXSIZE slots, about 2 * nument) is refused before
+// anything is allocated, and the table keeps its entries.
+TEST_F(HashTableTest, DefBeyondTheLargestSizeFailsWithoutAllocating)
+{
+    vsy_HashTableInsert(tab, 4, P(44));
+    CountAllocations();
+    vsy_HashTableDef(tab, INT_MAX);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vsy_HashTableDef", 4, "nument= 2147483647");
+    void* v = nullptr;
+    vsy_HashTableGet(tab, 4, &v);
+    EXPECT_EQ(v, P(44));
+}
+
 }  // namespace
 
 TEST_F(HashTableTest, NewRecordHasStartValues)

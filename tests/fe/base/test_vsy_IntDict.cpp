@@ -8,6 +8,7 @@
 #include <cstring>
 #include <map>
 #include <string>
+#include <climits>
 #include <vector>
 
 using namespace vsytest;
@@ -66,6 +67,19 @@ protected:
     }
     vsy_IntDict* dict = nullptr;
 };
+
+// A size past the largest table (2 * nument + 1 slots would pass VSY_HASH_MAXSIZE) is refused
+// before anything is allocated.
+TEST_F(IntDictTest, DefBeyondTheLargestSizeFailsWithoutAllocating)
+{
+    vsy_IntDictInsert(dict, "a", 4);
+    CountAllocations();
+    vsy_IntDictDef(dict, INT_MAX);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vsy_IntDictDef", 4, "nument= 2147483647");
+    EXPECT_EQ(get("a"), 4);
+}
 
 }  // namespace
 

@@ -54,6 +54,18 @@ protected:
     vsy_IntHash* tab = nullptr;
 };
 
+// A size past the largest table is refused before anything is allocated.
+TEST_F(IntHashTest, DefBeyondTheLargestSizeFailsWithoutAllocating)
+{
+    vsy_IntHashInsert(tab, 4, 44);
+    CountAllocations();
+    vsy_IntHashDef(tab, INT_MAX);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vsy_IntHashDef", 4, "nument= 2147483647");
+    EXPECT_EQ(get(4), 44);
+}
+
 }  // namespace
 
 TEST_F(IntHashTest, NewRecordHasStartValues)

@@ -32,6 +32,24 @@ protected:
     vsy_IntVec* vec = nullptr;
 };
 
+// The last index an int32 capacity can hold is INT_MAX - 1: a write at INT_MAX cannot be held
+// by any growth, fails before allocating, and keeps every value.
+TEST_F(IntVecTest, IndexBeyondTheLargestCapacityFailsWithoutAllocating)
+{
+    vsy_IntVecSet(vec, 3, 33);
+    CountAllocations();
+    vsy_IntVecSet(vec, INT_MAX, 1);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ASSERT_EQ(reports().size(), 2u);
+    EXPECT_EQ(reports()[0].name, "vsy_IntVec_Expand");
+    EXPECT_EQ(reports()[1].name, "vsy_IntVecSet");
+    EXPECT_EQ(reports()[1].text, "Realloc vec");
+    EXPECT_EQ(vsy_IntVecError(vec), 4);
+    EXPECT_EQ(get(3), 33);
+    EXPECT_EQ(vec->maxidx, 3);
+}
+
 }  // namespace
 
 TEST_F(IntVecTest, NewRecordHasStartValues)

@@ -4,6 +4,8 @@
 
 #include "vsy_TestSupport.h"
 
+#include <climits>
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -65,6 +67,32 @@ protected:
     }
     vsy_LinkList* list = nullptr;
 };
+
+// A pool at the largest length (INT_MAX - 2 nodes, the last index an int32 count and its spare
+// node can address) cannot grow: the next Add fails with the growth report and allocates
+// nothing. The limit is staged in `len` (a real pool that size would take gigabytes) and undone
+// before the list is released.
+TEST_F(LinkListTest, PoolAtTheLargestLengthRefusesTheNextNode)
+{
+    vsy_LinkListDef(list, 0, 8);
+    int index = 0;
+    void* payload = nullptr;
+    for (int k = 0; k < 17; ++k) vsy_LinkListAdd(list, &index, &payload);
+    ASSERT_EQ(list->freehead, 0);
+    const int len = list->len;
+    list->len = INT_MAX - 2;
+    CountAllocations();
+    vsy_LinkListAdd(list, &index, &payload);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    list->len = len;
+    ExpectOnlyReport("vsy_LinkListAdd", 4, "Realloc node");
+    EXPECT_EQ(vsy_LinkListError(list), 4);
+    EXPECT_EQ(index, 0);
+    EXPECT_EQ(payload, nullptr);
+    vsy_LinkListGet(list, 17, &payload);
+    EXPECT_NE(payload, nullptr);
+}
 
 }  // namespace
 

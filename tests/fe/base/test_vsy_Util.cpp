@@ -142,6 +142,41 @@ TEST_F(UtilTest, GrowCapacityFailurePointers)
     ExpectNoReport();
 }
 
+// A wanted size past the largest capacity cannot be granted: the form fails with code 4 before
+// it allocates, and leaves capacity and pointer as they were (the clamp of the rule alone would
+// hand out an array too short for the index asked for).
+template <class T, class GROW>
+void ExpectBeyondTheLargestRefused(GROW grow)
+{
+    int ierr = 0, cap = 0;
+    T* p = nullptr;
+    grow(10, &cap, &p, &ierr);
+    ASSERT_EQ(ierr, 0);
+    T* keep = p;
+    CountAllocations();
+    grow(VSY_GROW_MAXCAP + 1, &cap, &p, &ierr);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    EXPECT_EQ(ierr, 4);
+    EXPECT_EQ(cap, 2000);
+    EXPECT_EQ(p, keep);
+    vsy_Free(p);
+}
+
+TEST_F(UtilTest, GrowCapacityBeyondTheLargestFailsBeforeAllocating)
+{
+    using G32 = void (*)(int, int*, int**, int*);
+    using G16 = void (*)(int, int*, short**, int*);
+    using G8 = void (*)(int, int*, signed char**, int*);
+    ExpectBeyondTheLargestRefused<int>(static_cast<G32>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<short>(static_cast<G16>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<signed char>(static_cast<G8>(vsy_GrowCapacity));
+    ExpectBeyondTheLargestRefused<unsigned char>(vsy_GrowCapacityBits);
+    // The largest capacity itself is still a valid request of the rule.
+    EXPECT_EQ(vsy_GrowNewCapacity(VSY_GROW_MAXCAP, 0), VSY_GROW_MAXCAP);
+    ExpectNoReport();
+}
+
 TEST_F(UtilTest, CopiesFillsClears)
 {
     int a[4] = {1, 2, 3, 4}, b[4] = {0, 0, 0, 0};
@@ -189,6 +224,13 @@ TEST_F(UtilTest, Strings)
     EXPECT_EQ(vsy_StrCompareNoCase("Grid", "gRID"), 0);
     EXPECT_EQ(vsy_StrCompareNoCase("Grid", "Grids"), 1);
     EXPECT_EQ(vsy_StrCompareNoCase("b", "a"), 1);
+    // The one upper-case helper: ASCII letters only; '`' and '{' border the lower-case range.
+    EXPECT_EQ(vsy_CharUpper('a'), 'A');
+    EXPECT_EQ(vsy_CharUpper('z'), 'Z');
+    EXPECT_EQ(vsy_CharUpper('A'), 'A');
+    EXPECT_EQ(vsy_CharUpper('`'), '`');
+    EXPECT_EQ(vsy_CharUpper('{'), '{');
+    EXPECT_EQ(vsy_CharUpper(0xE9), 0xE9);
 }
 
 TEST_F(UtilTest, DofDigits)

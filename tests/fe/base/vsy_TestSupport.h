@@ -38,6 +38,7 @@ struct Alloc {
     long failAt = 0;
     bool failAll = false;
     size_t failAbove = 0;  // when non-zero, requests of more bytes fail
+    std::vector<size_t> sizes;  // every requested size, in order
 };
 
 inline Alloc& AllocState()
@@ -46,9 +47,10 @@ inline Alloc& AllocState()
     return state;
 }
 
-inline bool ShouldFail()
+inline bool ShouldFail(size_t n)
 {
     Alloc& a = AllocState();
+    a.sizes.push_back(n);
     ++a.calls;
     if (a.failAt <= 0) return false;
     return a.calls == a.failAt || (a.failAll && a.calls > a.failAt);
@@ -61,12 +63,12 @@ inline bool TooLarge(size_t n)
 
 inline void* FailingMalloc(size_t n)
 {
-    return (ShouldFail() || TooLarge(n)) ? nullptr : std::malloc(n);
+    return (ShouldFail(n) || TooLarge(n)) ? nullptr : std::malloc(n);
 }
 
 inline void* FailingRealloc(void* p, size_t n)
 {
-    return (ShouldFail() || TooLarge(n)) ? nullptr : std::realloc(p, n);
+    return (ShouldFail(n) || TooLarge(n)) ? nullptr : std::realloc(p, n);
 }
 
 // Makes every request of more than `bytes` bytes fail, smaller ones succeed.

@@ -5,6 +5,7 @@
 #include "vis_Connect.h"
 #include "vis_ConnectKernel.h"
 #include "vsy_RedPre.h"
+#include "vsy_Grow.h"
 #include "vsy_TestSupport.h"
 
 #include <cmath>
@@ -351,6 +352,113 @@ TEST_F(ConnectTest, DefFailsCleanlyWithoutMemory)
     Build();
 }
 
+// A node attribute at an index no storage can reach is the association's memory error, polled
+// into the connect, and nothing is allocated or changed. Type 3 holds 1000 in shorts, so the
+// index 300000000 (past VSY_GROW_MAXCAP) needs a short array longer than any that may exist.
+TEST_F(ConnectTest, AttributeBeyondTheLargestCapacityFailsWithoutAllocating)
+{
+    Build();
+    vis_ConnectSetNodeAssoc(c, 3, 2, 1000);
+    ASSERT_EQ(vis_ConnectError(c), 0);
+    CountAllocations();
+    vis_ConnectSetNodeAssoc(c, 3, 300000000, 1000);
+    EXPECT_EQ(AllocState().calls, 0);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Assoc_Realloc", 4, "");
+    EXPECT_EQ(vis_ConnectError(c), 4);
+    int num = 0, v[1];
+    vis_ConnectAllNodeAssoc(c, 3, 2, &num, v);
+    EXPECT_EQ(num, 1);
+    EXPECT_EQ(v[0], 1000);
+    EXPECT_EQ(c->nodeassoc[3]->maxind, 2);
+    Reports().clear();
+    // A first attribute of a type goes through the widening path: the same error, under Set.
+    vis_ConnectSetElemAssoc(c, 5, 300000000, 1000);
+    ExpectOnlyReport("vis_AssocSet", 4, "index= 300000000");
+    EXPECT_EQ(vis_ConnectError(c), 4);
+    int flag = -1;
+    vis_ConnectAnyElemAssoc(c, 5, &flag);
+    EXPECT_EQ(flag, 0);
+    int ix[1] = {1}, ev[1] = {-1};
+    vis_ConnectElemAssoc(c, 5, 1, ix, ev);
+    EXPECT_EQ(ev[0], 0);
+}
+
+// Below the limit an index that needs a large array fails only when the allocation fails: a
+// value of 1 at index 300000000 packs into nibbles, 150 MB, refused here by the allocator.
+TEST_F(ConnectTest, AttributeWhoseArrayCannotBeAllocatedKeepsItsValues)
+{
+    Build();
+    vis_ConnectSetNodeAssoc(c, 3, 2, 1);
+    FailAllocationsAbove(1 << 20);
+    vis_ConnectSetNodeAssoc(c, 3, 300000000, 1);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Assoc_Realloc", 4, "");
+    EXPECT_EQ(vis_ConnectError(c), 4);
+    int ix[2] = {1, 2}, v[2] = {-1, -1};
+    vis_ConnectNodeAssoc(c, 3, 2, ix, v);
+    EXPECT_EQ(v[0], 0);
+    EXPECT_EQ(v[1], 1);
+    EXPECT_EQ(c->nodeassoc[3]->maxind, 2);
+}
+
+// An element whose node list could not be held by any chunk is refused before its chunk grows
+// (the chunk may hold at most VSY_GROW_MAXCAP entries), in both modes, and the element keeps
+// its old topology. A polygon's node count is its maxi.
+TEST_F(ConnectTest, NodeListBeyondTheLargestChunkIsRefused)
+{
+    for (int mode = 0; mode <= 1; ++mode) {
+        SCOPED_TRACE(mode);
+        vis_ConnectDelete(c);
+        c = vis_ConnectNew();
+        Build(mode);
+        CountAllocations();
+        vis_ConnectSetTopology(c, 7, SYS_SHAPE_POLYGON, VSY_GROW_MAXCAP + 1, VSY_GROW_MAXCAP, 1);
+        EXPECT_EQ(AllocState().calls, 0);
+        RestoreAllocation();
+        ASSERT_EQ(reports().size(), 1u);
+        EXPECT_EQ(reports()[0].code, 4);
+        EXPECT_EQ(vis_ConnectError(c), 4);
+        int s = -9, i = -9, j = -9, k = -9;
+        vis_ConnectTopology(c, 7, &s, &i, &j, &k);
+        EXPECT_EQ(s, SYS_SHAPE_LINE);
+        EXPECT_EQ(ElemNodes(c, 7), (std::vector<int>{9, 10}));
+        Reports().clear();
+    }
+}
+
+// Below that limit the growth of a chunk fails only when memory does: the element is refused
+// with the chunk's memory error and the lists of the others stay readable.
+TEST_F(ConnectTest, NodeListWhoseChunkCannotGrowKeepsTheOthers)
+{
+    Build();
+    FailAllocationsAbove(1 << 20);
+    vis_ConnectSetTopology(c, 7, SYS_SHAPE_POLYGON, 1000001, 1000000, 1);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Connect_ReallocElemNode", 4, "");
+    EXPECT_EQ(vis_ConnectError(c), 4);
+    for (int id = 1; id <= meshtest::kNumElem; ++id) EXPECT_EQ(ElemNodes(c, id), Elems()[id - 1].nodes) << id;
+}
+
+// Appending elements grows the per-element arrays; when that fails the count stays.
+TEST_F(ConnectTest, GenElemWhoseArraysCannotGrowKeepsTheCount)
+{
+    Build();
+    FailAllocationsAbove(1 << 20);
+    int first = -1;
+    vis_ConnectGenElem(c, 1000000, &first);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_Connect_ReallocTopology", 4, "");
+    EXPECT_EQ(vis_ConnectError(c), 4);
+    EXPECT_EQ(first, -1);
+    int v = -1;
+    vis_ConnectGetInteger(c, VIS_CONNECT_NUMELEM, &v);
+    EXPECT_EQ(v, meshtest::kNumElem);
+    vis_ConnectGenElem(c, 2, &first);
+    EXPECT_EQ(first, meshtest::kNumElem + 1);
+    EXPECT_EQ(vis_ConnectError(c), 0);
+}
+
 TEST_F(ConnectTest, OpenNodeCountFollowsTheLargestNodeInUse)
 {
     vis_ConnectDef(c, 0, 2);
@@ -605,7 +713,15 @@ TEST_F(ConnectTest, Dimension)
     vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 5, 1);
     vis_ConnectGetDimension(c, &d);
     EXPECT_EQ(d, 2);
-    // So do type 2 on a line and type 4 on a point, alone.
+    // So do type 2 on a line and type 4 on a point, alone; type 2 on the hexahedron E1 does
+    // not decide, and the answer stays 3.
+    vis_ConnectDelElemAssoc(c, VIS_ASSOC_ELEMTYPE);
+    vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 1, 2);
+    vis_ConnectGetDimension(c, &d);
+    EXPECT_EQ(d, 3);
+    vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 7, 2);
+    vis_ConnectGetDimension(c, &d);
+    EXPECT_EQ(d, 2);
     vis_ConnectDelElemAssoc(c, VIS_ASSOC_ELEMTYPE);
     vis_ConnectSetElemAssoc(c, VIS_ASSOC_ELEMTYPE, 8, 4);
     vis_ConnectGetDimension(c, &d);
@@ -614,6 +730,44 @@ TEST_F(ConnectTest, Dimension)
     vis_ConnectGetDimension(c, &d);
     EXPECT_EQ(d, 1);
     ExpectNoReport();
+}
+
+// The objects of later parts of the library are absent, and every operation behaves as the
+// rules say for an absent object: coordinates come from the connect's arrays, face normals are
+// computed, a group argument fails the group check (error 1 through vsy_ErrorNumber, no text)
+// and the derived-group slots of the grid function stay null.
+TEST_F(ConnectTest, ObjectsNotYetAvailableBehaveAsAbsent)
+{
+    Build();
+    EXPECT_EQ(c->state, nullptr);
+    EXPECT_EQ(c->elemnorm, nullptr);
+    EXPECT_EQ(c->elemtang, nullptr);
+    int dummy = 0;
+    vis_ConnectSetObject(c, SYS_GRIDFUN + 1, &dummy);
+    ExpectOnlyReport("vis_ConnectSetObject", 3, "objecttype= 2071");
+    EXPECT_EQ(vis_ConnectError(c), 3);
+    EXPECT_EQ(c->state, nullptr);
+    Reports().clear();
+    // Node 7 is (1, 1, 1) in the arrays.
+    int ix[1] = {7};
+    double x[3] = {-1, -1, -1};
+    vis_ConnectCoordsdv(c, 1, ix, x);
+    EXPECT_EQ(x[0], 1.0);
+    EXPECT_EQ(x[2], 1.0);
+    // The quadrilateral E5 (1 2 6 5, y = 0): its normal (0, -1, 0) is computed.
+    float n[12] = {0};
+    vis_ConnectElemFaceNorm(c, 5, 1, n);
+    EXPECT_NEAR(n[1], -1.0f, 1e-6);
+    ExpectNoReport();
+    double e[6] = {7, 7, 7, 7, 7, 7};
+    vis_ConnectExtentdv(c, (vis_Group*)&dummy, e);
+    ExpectOnlyReport("vis_ConnectExtent", 1, "");
+    EXPECT_EQ(vis_ConnectError(c), 1);
+    for (double v : e) EXPECT_EQ(v, 7.0);
+    vis_GridFun* gf = vis_GridFunNew();
+    vis_ConnectGridFun(c, gf);
+    for (int code : {15, 16, 17, 18, 20, 21, 22}) EXPECT_EQ(gf->fun[code], nullptr) << code;
+    vis_GridFunDelete(gf);
 }
 
 TEST_F(ConnectTest, PartNamesAndSizes)

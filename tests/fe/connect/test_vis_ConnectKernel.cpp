@@ -7,6 +7,8 @@
 #include "vis_ConnectKernel.h"
 #include "vsy_TestSupport.h"
 
+#include <algorithm>
+#include <cmath>
 #include <set>
 #include <string>
 #include <vector>
@@ -323,9 +325,16 @@ TEST_P(KernelTest, FaceNormals)
     }
     vis_ConnectElemFaceNorm(c, 5, 1, n);
     EXPECT_NEAR(n[1], -1.0f, 1e-6);
-    // Polyhedron ring 1 (3 7 10 9) is a vertical quadrilateral: its normal is horizontal.
+    // Polyhedron ring 1 (3 7 10 9) is a vertical plane quadrilateral. By the right-hand rule,
+    // (7 - 3) x (10 - 7) = (0, 0, 1) x (1, -0.5, 0) = (0.5, 1, 0), of length sqrt(1.25): the
+    // unit normal (1, 2, 0) / sqrt(5) at every one of its four nodes.
     vis_ConnectElemFaceNorm(c, 10, 1, n);
-    EXPECT_NEAR(n[2], 0.0f, 1e-6);
+    const float a = 1.0f / std::sqrt(5.0f);
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_NEAR(n[3 * k], a, 1e-6) << k;
+        EXPECT_NEAR(n[3 * k + 1], 2 * a, 1e-6) << k;
+        EXPECT_NEAR(n[3 * k + 2], 0.0f, 1e-6) << k;
+    }
     ExpectNoReport();
     vis_ConnectElemFaceNorm(c, 7, 1, n);
     ExpectOnlyReport("vis_ConnectElemFaceNorm", 1, "no= 1");
@@ -363,19 +372,47 @@ TEST_F(KernelStaticTest, PolyhedronIndexAndTableSizes)
 
 TEST_F(KernelStaticTest, RepeatedNodeCountsOnceInItsRow)
 {
-    // One triangle naming node 2 twice: its row lists the element once; the raw total is 3.
-    vis_ConnectDef(c, 3, 1);
+    // One triangle naming node 2 twice, in a mesh of 5 nodes: its row lists the element once,
+    // while the raw total of list entries stays 3, and nodeelem is allocated for that total
+    // (with one spare entry): 4 ints, where the distinct count 2 would give 3.
+    vis_ConnectDef(c, 5, 1);
     const int n[3] = {1, 2, 2};
     vis_ConnectSetTopology(c, 1, SYS_SHAPE_TRI, 0, 0, 0);
     vis_ConnectSetElemNode(c, 1, n);
+    CountAllocations();
     vis_ConnectKernel(c);
+    const std::vector<size_t> sizes = AllocState().sizes;
+    RestoreAllocation();
+    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 4 * sizeof(int)), 1);
+    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 3 * sizeof(int)), 0);
     EXPECT_EQ(c->nodeelemsize[2], 1);
-    EXPECT_EQ(c->nodeelempntr[4], 2);
+    // Row starts: node 1 at 0, node 2 at 1, nodes 3 to 5 (empty) at 2.
+    EXPECT_EQ(c->nodeelempntr[3], 2);
+    EXPECT_EQ(c->nodeelempntr[6], 2);
     int num, e[4];
     vis_ConnectNodeElem(c, 2, &num, e);
     EXPECT_EQ(num, 1);
     EXPECT_EQ(e[0], 1);
     EXPECT_EQ(c->polyfaceix, nullptr);
+    ExpectNoReport();
+}
+
+// The polyhedron index is sized by the rings of the list: a list of two rings whose tuple
+// claims one face (maxk 1) still gets both starts and the end, 0, 4 and 8, with no write past
+// the index (which maxk + 1 = 2 entries would have been).
+TEST_F(KernelStaticTest, PolyhedronIndexFollowsTheRingsOfTheList)
+{
+    vis_ConnectDef(c, 4, 1);
+    const int n[8] = {1, 2, 3, 1, 1, 3, 4, 1};
+    vis_ConnectSetTopology(c, 1, SYS_SHAPE_POLYHED, 8, 5, 1);
+    vis_ConnectSetElemNode(c, 1, n);
+    vis_ConnectKernel(c);
+    ASSERT_EQ(vis_ConnectError(c), 0);
+    ASSERT_NE(c->polyfaceix, nullptr);
+    EXPECT_EQ(c->polyfacepntr[2], 3);
+    EXPECT_EQ(c->polyfaceix[0], 0);
+    EXPECT_EQ(c->polyfaceix[1], 4);
+    EXPECT_EQ(c->polyfaceix[2], 8);
     ExpectNoReport();
 }
 
@@ -476,6 +513,12 @@ TEST_F(KernelStaticTest, AllocationFailuresAreReportedAndRecoverable)
             EXPECT_EQ(err, 4);
             ASSERT_FALSE(reports().empty());
             seen.insert(reports().back().text);
+            // A failed kernel leaves no table behind, so no query reads a half-built one.
+            EXPECT_EQ(m->nodeelem, nullptr);
+            EXPECT_EQ(m->nodeelempntr, nullptr);
+            EXPECT_EQ(m->nodeelemsize, nullptr);
+            EXPECT_EQ(m->polyfaceix, nullptr);
+            EXPECT_EQ(m->polyfacepntr, nullptr);
         }
         // A later call builds the table.
         vis_ConnectKernel(m);

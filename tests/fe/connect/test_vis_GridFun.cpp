@@ -198,6 +198,15 @@ TEST_F(GridFunTest, FrontGivesTheSameAnswersForEverySlot)
     Reports().clear();
     EXPECT_EQ(vis_ConnectError(b), 2);
     EXPECT_EQ(vis_ConnectError(a), 0);
+    // The front's own code comes first, and the slot is asked only when it is 0: a failed check
+    // of the front (a bad option, code 2) and one of the connect behind it (a dimension out of
+    // range, code 1) are each seen by one poll, the front's own first.
+    vis_ConnectSetParami(b, 99, 0);
+    vis_ConnectSetDimension(a, 7);
+    Reports().clear();
+    EXPECT_EQ(vis_ConnectError(b), 2);
+    EXPECT_EQ(vis_ConnectError(b), 1);
+    EXPECT_EQ(vis_ConnectError(b), 0);
 }
 
 }  // namespace
