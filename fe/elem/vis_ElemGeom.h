@@ -24,7 +24,9 @@ void vis_ElemMidsidedv(int shape, int maxi, int maxj, int maxk, int components, 
  *   linear quadrilateral: at each corner the normal of its two edges;
  *   other plane forms: the cross product of dx/dr and dx/ds at each node, or, where that
  *     vanishes (a collapsed node), at the point moved by the factor 0.999 towards the centre
- *     of the natural system;
+ *     of the natural system; for triangles that centre is the centroid (1/3, 1/3), not the
+ *     origin, on purpose: scaling about the origin leaves the corner at (0, 0) where it is, so
+ *     a collapsed corner there would get no normal;
  *   polygon: the area normal of its corners at every node;
  *   line: a unit vector perpendicular to the first non-zero of (second end - first end) and
  *     (next node along the line - first end), the ends and the order along the line being
