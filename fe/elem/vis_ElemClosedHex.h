@@ -83,8 +83,9 @@ inline void H20MidG(const T* x, T b0, T c0, T* g)
 }
 
 template <class T, bool V, bool D>
-void Hex20(const T* x, T* N, T* dN)
+void Hex20(const T* xin, T* N, T* dN)
 {
+    const T x[3] = {xin[0], xin[1], xin[2]}; /* a copy: N and dN cannot alias it */
     if constexpr (V) {
         N[0] = H20CornerV<T>(x, -1, -1, -1);
         N[1] = H20CornerV<T>(x, 1, -1, -1);
@@ -239,8 +240,9 @@ inline void H32EdgeG(const T* x, T k, T b0, T c0, T* g)
 /* Cubic serendipity: corners, then two nodes per edge at one and two thirds from its first
  * corner, edge by edge. */
 template <class T, bool V, bool D>
-void Hex32(const T* x, T* N, T* dN)
+void Hex32(const T* xin, T* N, T* dN)
 {
+    const T x[3] = {xin[0], xin[1], xin[2]}; /* a copy: N and dN cannot alias it */
     if constexpr (V) {
         N[0] = H32CornerV<T>(x, -1, -1, -1);
         N[1] = H32CornerV<T>(x, 1, -1, -1);

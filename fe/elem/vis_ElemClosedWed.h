@@ -22,19 +22,19 @@ inline void Times1D(const T* g, T f, T e, T et, T* out)
 template <class T, bool V, bool D>
 void Wed6(const T* x, T* N, T* dN)
 {
-    const T l = 1 - x[0] - x[1], lo = T(0.5) * (1 - x[2]), hi = T(0.5) * (1 + x[2]);
+    const T r = x[0], s = x[1], l = 1 - r - s, lo = T(0.5) * (1 - x[2]), hi = T(0.5) * (1 + x[2]);
     if constexpr (V) {
-        N[0] = l * lo, N[1] = x[0] * lo, N[2] = x[1] * lo;
-        N[3] = l * hi, N[4] = x[0] * hi, N[5] = x[1] * hi;
+        N[0] = l * lo, N[1] = r * lo, N[2] = s * lo;
+        N[3] = l * hi, N[4] = r * hi, N[5] = s * hi;
     }
     if constexpr (D) {
         const T h = T(0.5);
         dN[0] = -lo, dN[1] = -lo, dN[2] = -h * l;
-        dN[3] = lo, dN[4] = 0, dN[5] = -h * x[0];
-        dN[6] = 0, dN[7] = lo, dN[8] = -h * x[1];
+        dN[3] = lo, dN[4] = 0, dN[5] = -h * r;
+        dN[6] = 0, dN[7] = lo, dN[8] = -h * s;
         dN[9] = -hi, dN[10] = -hi, dN[11] = h * l;
-        dN[12] = hi, dN[13] = 0, dN[14] = h * x[0];
-        dN[15] = 0, dN[16] = hi, dN[17] = h * x[1];
+        dN[12] = hi, dN[13] = 0, dN[14] = h * r;
+        dN[15] = 0, dN[16] = hi, dN[17] = h * s;
     }
 }
 
