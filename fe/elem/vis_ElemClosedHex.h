@@ -134,13 +134,13 @@ void Hex20(const T* xin, T* N, T* dN)
 
 /* ------------------------------------------------------------------ 27 nodes ---- */
 
-/* Gradient of A(r) B(s) C(t) from the factors and their derivatives. */
+/* Gradient of A(r) B(s) C(t) from A, A' and the products B C, B' C, B C'. */
 template <class T>
-inline void Tensor3G(T a, T b, T c, T da, T db, T dc, T* g)
+inline void Tensor3G(T a, T da, T bc, T dbc, T bdc, T* g)
 {
-    g[0] = da * b * c;
-    g[1] = a * db * c;
-    g[2] = a * b * dc;
+    g[0] = da * bc;
+    g[1] = a * dbc;
+    g[2] = a * bdc;
 }
 
 /* Lagrange 3 by 3 by 3: A_i(r) B_j(s) C_k(t) at position i + 3 j + 9 k, each factor the
@@ -152,52 +152,56 @@ void Hex27(const T* x, T* N, T* dN)
     Quad1V(x[0], a);
     Quad1V(x[1], b);
     Quad1V(x[2], c);
+    /* The products of the s and t factors, j + 3 k. */
+    const T bc[9] = {b[0] * c[0], b[1] * c[0], b[2] * c[0], b[0] * c[1], b[1] * c[1],
+                     b[2] * c[1], b[0] * c[2], b[1] * c[2], b[2] * c[2]};
     if constexpr (V) {
-        const T b0c0 = b[0] * c[0], b1c0 = b[1] * c[0], b2c0 = b[2] * c[0];
-        const T b0c1 = b[0] * c[1], b1c1 = b[1] * c[1], b2c1 = b[2] * c[1];
-        const T b0c2 = b[0] * c[2], b1c2 = b[1] * c[2], b2c2 = b[2] * c[2];
-        N[0] = a[0] * b0c0, N[1] = a[1] * b0c0, N[2] = a[2] * b0c0;
-        N[3] = a[0] * b1c0, N[4] = a[1] * b1c0, N[5] = a[2] * b1c0;
-        N[6] = a[0] * b2c0, N[7] = a[1] * b2c0, N[8] = a[2] * b2c0;
-        N[9] = a[0] * b0c1, N[10] = a[1] * b0c1, N[11] = a[2] * b0c1;
-        N[12] = a[0] * b1c1, N[13] = a[1] * b1c1, N[14] = a[2] * b1c1;
-        N[15] = a[0] * b2c1, N[16] = a[1] * b2c1, N[17] = a[2] * b2c1;
-        N[18] = a[0] * b0c2, N[19] = a[1] * b0c2, N[20] = a[2] * b0c2;
-        N[21] = a[0] * b1c2, N[22] = a[1] * b1c2, N[23] = a[2] * b1c2;
-        N[24] = a[0] * b2c2, N[25] = a[1] * b2c2, N[26] = a[2] * b2c2;
+        N[0] = a[0] * bc[0], N[1] = a[1] * bc[0], N[2] = a[2] * bc[0];
+        N[3] = a[0] * bc[1], N[4] = a[1] * bc[1], N[5] = a[2] * bc[1];
+        N[6] = a[0] * bc[2], N[7] = a[1] * bc[2], N[8] = a[2] * bc[2];
+        N[9] = a[0] * bc[3], N[10] = a[1] * bc[3], N[11] = a[2] * bc[3];
+        N[12] = a[0] * bc[4], N[13] = a[1] * bc[4], N[14] = a[2] * bc[4];
+        N[15] = a[0] * bc[5], N[16] = a[1] * bc[5], N[17] = a[2] * bc[5];
+        N[18] = a[0] * bc[6], N[19] = a[1] * bc[6], N[20] = a[2] * bc[6];
+        N[21] = a[0] * bc[7], N[22] = a[1] * bc[7], N[23] = a[2] * bc[7];
+        N[24] = a[0] * bc[8], N[25] = a[1] * bc[8], N[26] = a[2] * bc[8];
     }
     if constexpr (D) {
         T da[3], db[3], dc[3];
         Quad1G(x[0], da);
         Quad1G(x[1], db);
         Quad1G(x[2], dc);
-        Tensor3G(a[0], b[0], c[0], da[0], db[0], dc[0], dN);
-        Tensor3G(a[1], b[0], c[0], da[1], db[0], dc[0], dN + 3);
-        Tensor3G(a[2], b[0], c[0], da[2], db[0], dc[0], dN + 6);
-        Tensor3G(a[0], b[1], c[0], da[0], db[1], dc[0], dN + 9);
-        Tensor3G(a[1], b[1], c[0], da[1], db[1], dc[0], dN + 12);
-        Tensor3G(a[2], b[1], c[0], da[2], db[1], dc[0], dN + 15);
-        Tensor3G(a[0], b[2], c[0], da[0], db[2], dc[0], dN + 18);
-        Tensor3G(a[1], b[2], c[0], da[1], db[2], dc[0], dN + 21);
-        Tensor3G(a[2], b[2], c[0], da[2], db[2], dc[0], dN + 24);
-        Tensor3G(a[0], b[0], c[1], da[0], db[0], dc[1], dN + 27);
-        Tensor3G(a[1], b[0], c[1], da[1], db[0], dc[1], dN + 30);
-        Tensor3G(a[2], b[0], c[1], da[2], db[0], dc[1], dN + 33);
-        Tensor3G(a[0], b[1], c[1], da[0], db[1], dc[1], dN + 36);
-        Tensor3G(a[1], b[1], c[1], da[1], db[1], dc[1], dN + 39);
-        Tensor3G(a[2], b[1], c[1], da[2], db[1], dc[1], dN + 42);
-        Tensor3G(a[0], b[2], c[1], da[0], db[2], dc[1], dN + 45);
-        Tensor3G(a[1], b[2], c[1], da[1], db[2], dc[1], dN + 48);
-        Tensor3G(a[2], b[2], c[1], da[2], db[2], dc[1], dN + 51);
-        Tensor3G(a[0], b[0], c[2], da[0], db[0], dc[2], dN + 54);
-        Tensor3G(a[1], b[0], c[2], da[1], db[0], dc[2], dN + 57);
-        Tensor3G(a[2], b[0], c[2], da[2], db[0], dc[2], dN + 60);
-        Tensor3G(a[0], b[1], c[2], da[0], db[1], dc[2], dN + 63);
-        Tensor3G(a[1], b[1], c[2], da[1], db[1], dc[2], dN + 66);
-        Tensor3G(a[2], b[1], c[2], da[2], db[1], dc[2], dN + 69);
-        Tensor3G(a[0], b[2], c[2], da[0], db[2], dc[2], dN + 72);
-        Tensor3G(a[1], b[2], c[2], da[1], db[2], dc[2], dN + 75);
-        Tensor3G(a[2], b[2], c[2], da[2], db[2], dc[2], dN + 78);
+        const T dbc[9] = {db[0] * c[0], db[1] * c[0], db[2] * c[0], db[0] * c[1], db[1] * c[1],
+                          db[2] * c[1], db[0] * c[2], db[1] * c[2], db[2] * c[2]};
+        const T bdc[9] = {b[0] * dc[0], b[1] * dc[0], b[2] * dc[0], b[0] * dc[1], b[1] * dc[1],
+                          b[2] * dc[1], b[0] * dc[2], b[1] * dc[2], b[2] * dc[2]};
+        Tensor3G(a[0], da[0], bc[0], dbc[0], bdc[0], dN);
+        Tensor3G(a[1], da[1], bc[0], dbc[0], bdc[0], dN + 3);
+        Tensor3G(a[2], da[2], bc[0], dbc[0], bdc[0], dN + 6);
+        Tensor3G(a[0], da[0], bc[1], dbc[1], bdc[1], dN + 9);
+        Tensor3G(a[1], da[1], bc[1], dbc[1], bdc[1], dN + 12);
+        Tensor3G(a[2], da[2], bc[1], dbc[1], bdc[1], dN + 15);
+        Tensor3G(a[0], da[0], bc[2], dbc[2], bdc[2], dN + 18);
+        Tensor3G(a[1], da[1], bc[2], dbc[2], bdc[2], dN + 21);
+        Tensor3G(a[2], da[2], bc[2], dbc[2], bdc[2], dN + 24);
+        Tensor3G(a[0], da[0], bc[3], dbc[3], bdc[3], dN + 27);
+        Tensor3G(a[1], da[1], bc[3], dbc[3], bdc[3], dN + 30);
+        Tensor3G(a[2], da[2], bc[3], dbc[3], bdc[3], dN + 33);
+        Tensor3G(a[0], da[0], bc[4], dbc[4], bdc[4], dN + 36);
+        Tensor3G(a[1], da[1], bc[4], dbc[4], bdc[4], dN + 39);
+        Tensor3G(a[2], da[2], bc[4], dbc[4], bdc[4], dN + 42);
+        Tensor3G(a[0], da[0], bc[5], dbc[5], bdc[5], dN + 45);
+        Tensor3G(a[1], da[1], bc[5], dbc[5], bdc[5], dN + 48);
+        Tensor3G(a[2], da[2], bc[5], dbc[5], bdc[5], dN + 51);
+        Tensor3G(a[0], da[0], bc[6], dbc[6], bdc[6], dN + 54);
+        Tensor3G(a[1], da[1], bc[6], dbc[6], bdc[6], dN + 57);
+        Tensor3G(a[2], da[2], bc[6], dbc[6], bdc[6], dN + 60);
+        Tensor3G(a[0], da[0], bc[7], dbc[7], bdc[7], dN + 63);
+        Tensor3G(a[1], da[1], bc[7], dbc[7], bdc[7], dN + 66);
+        Tensor3G(a[2], da[2], bc[7], dbc[7], bdc[7], dN + 69);
+        Tensor3G(a[0], da[0], bc[8], dbc[8], bdc[8], dN + 72);
+        Tensor3G(a[1], da[1], bc[8], dbc[8], bdc[8], dN + 75);
+        Tensor3G(a[2], da[2], bc[8], dbc[8], bdc[8], dN + 78);
     }
 }
 

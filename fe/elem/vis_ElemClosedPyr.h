@@ -46,6 +46,7 @@ struct PyrSection {
     T cxt, cyt; /* their t derivatives, cx / (2 w) and cy / (2 w) */
     T p[3];     /* the layer functions in t */
     T pt[3];    /* and their derivatives */
+    T iwp[3];   /* p / w, the factor of the r and s derivatives */
 };
 
 template <class T, bool D>
@@ -63,6 +64,7 @@ inline PyrSection<T> PyrSect(const T* x)
         c.cxt = T(0.5) * c.cx * c.iw;
         c.cyt = T(0.5) * c.cy * c.iw;
         Quad1G(x[2], c.pt);
+        c.iwp[0] = c.iw * c.p[0], c.iwp[1] = c.iw * c.p[1], c.iwp[2] = c.iw * c.p[2];
     }
     return c;
 }
@@ -71,10 +73,9 @@ inline PyrSection<T> PyrSect(const T* x)
 template <class T>
 inline void PyrChain(const PyrSection<T>& c, int l, T f, const T* g, T* out)
 {
-    const T p = c.p[l];
-    out[0] = g[0] * c.iw * p;
-    out[1] = g[1] * c.iw * p;
-    out[2] = (g[0] * c.cxt + g[1] * c.cyt) * p + f * c.pt[l];
+    out[0] = g[0] * c.iwp[l];
+    out[1] = g[1] * c.iwp[l];
+    out[2] = (g[0] * c.cxt + g[1] * c.cyt) * c.p[l] + f * c.pt[l];
 }
 
 /* 13 nodes: base corners and base mid nodes are the 8-node square times P_0, the apex is P_2,

@@ -65,6 +65,15 @@ void Tet10(const T* x, T* N, T* dN)
     if constexpr (D) Tet10G(x[0], x[1], x[2], dN);
 }
 
+/* Copies gradient `from` of g to gradient `to` of dN, three components each. */
+template <class T>
+inline void Grad3(const T* g, int from, T* dN, int to)
+{
+    dN[3 * to] = g[3 * from];
+    dN[3 * to + 1] = g[3 * from + 1];
+    dN[3 * to + 2] = g[3 * from + 2];
+}
+
 /* Lagrange tetrahedron of 3 nodes per edge, lexical order (r fastest, then s, then t): the
  * functions of Tet10 in the order 0, 4, 1, 6, 5, 2, 7, 8, 9, 3. */
 template <class T, bool V, bool D>
@@ -79,12 +88,9 @@ void Tet10Lag(const T* x, T* N, T* dN)
     if constexpr (D) {
         T g[30];
         Tet10G(x[0], x[1], x[2], g);
-        const int from[10] = {0, 4, 1, 6, 5, 2, 7, 8, 9, 3};
-        for (int p = 0; p < 10; p++) {
-            dN[3 * p] = g[3 * from[p]];
-            dN[3 * p + 1] = g[3 * from[p] + 1];
-            dN[3 * p + 2] = g[3 * from[p] + 2];
-        }
+        Grad3(g, 0, dN, 0), Grad3(g, 4, dN, 1), Grad3(g, 1, dN, 2), Grad3(g, 6, dN, 3);
+        Grad3(g, 5, dN, 4), Grad3(g, 2, dN, 5), Grad3(g, 7, dN, 6), Grad3(g, 8, dN, 7);
+        Grad3(g, 9, dN, 8), Grad3(g, 3, dN, 9);
     }
 }
 
