@@ -1,9 +1,12 @@
 // Points per second of the element shape functions: each unrolled closed form beside the generic
 // forward-derivative evaluator for the same tuple, in float and double, for values only (mode 1)
-// and for values with derivatives (mode 0). The closed forms are called through the public
-// entries, so their dispatch is part of the time; lines, which no public entry takes, through
-// the closed dispatch. Every run walks 1024 fixed points inside the element, one call per
-// point; the counter ns_per_point is the CPU time of one call (printed with its SI prefix).
+// and for values with derivatives (mode 0). Three ways are timed, one call per point:
+//   closed   the closed-form dispatch itself (vis_ElemShapeClosed)
+//   generic  the generic evaluator itself (vis_ElemShapeGeneric): the fair partner of closed
+//   entry    the public entry (vis_ElemShape2D / 3D), which takes the closed form after one
+//            more call; lines have no public entry and are timed through the closed dispatch
+// Every run walks 1024 fixed points inside the element; the counter ns_per_point is the CPU
+// time of one call (printed with its SI prefix).
 #include "vis_Elem.h"
 #include "vis_ElemShapeClosed.h"
 #include "vis_ElemShapeGeneric.h"
@@ -74,39 +77,39 @@ std::vector<T> Points(int shape)
     return x;
 }
 
-void Closed(const Form& f, int mode, const float* x, float* N, float* dN)
+enum Path { PATH_CLOSED, PATH_GENERIC, PATH_ENTRY };
+
+int Dim(int shape)
 {
-    if (f.shape == SYS_SHAPE_LINE) vis_ElemShapeClosed(mode, f.shape, f.maxi, f.maxj, 0, 1, x, N, dN);
+    return shape == SYS_SHAPE_LINE ? 1 : shape <= SYS_SHAPE_QUAD ? 2 : 3;
+}
+
+void Call(Path path, const Form& f, int mode, const float* x, float* N, float* dN)
+{
+    if (path == PATH_GENERIC) vis_ElemShapeGeneric(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
+    else if (path == PATH_CLOSED || f.shape == SYS_SHAPE_LINE)
+        vis_ElemShapeClosed(mode, f.shape, f.maxi, f.maxj, f.maxk, Dim(f.shape), x, N, dN);
     else if (f.shape <= SYS_SHAPE_QUAD) vis_ElemShape2D(mode, f.shape, f.maxi, f.maxj, x, N, dN);
     else vis_ElemShape3D(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
 }
 
-void Closed(const Form& f, int mode, const double* x, double* N, double* dN)
+void Call(Path path, const Form& f, int mode, const double* x, double* N, double* dN)
 {
-    if (f.shape == SYS_SHAPE_LINE) vis_ElemShapeCloseddv(mode, f.shape, f.maxi, f.maxj, 0, 1, x, N, dN);
+    if (path == PATH_GENERIC) vis_ElemShapeGenericdv(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
+    else if (path == PATH_CLOSED || f.shape == SYS_SHAPE_LINE)
+        vis_ElemShapeCloseddv(mode, f.shape, f.maxi, f.maxj, f.maxk, Dim(f.shape), x, N, dN);
     else if (f.shape <= SYS_SHAPE_QUAD) vis_ElemShape2Ddv(mode, f.shape, f.maxi, f.maxj, x, N, dN);
     else vis_ElemShape3Ddv(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
 }
 
-void Generic(const Form& f, int mode, const float* x, float* N, float* dN)
-{
-    vis_ElemShapeGeneric(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
-}
-
-void Generic(const Form& f, int mode, const double* x, double* N, double* dN)
-{
-    vis_ElemShapeGenericdv(mode, f.shape, f.maxi, f.maxj, f.maxk, x, N, dN);
-}
-
 template <class T>
-void BM_Shape(benchmark::State& state, Form f, int mode, bool closed)
+void BM_Shape(benchmark::State& state, Form f, int mode, Path path)
 {
     const std::vector<T> x = Points<T>(f.shape);
     T N[VIS_ELEM_MAXNODE], dN[3 * VIS_ELEM_MAXNODE];
     for (auto _ : state) {
         for (int p = 0; p < kPoints; p++) {
-            if (closed) Closed(f, mode, &x[3 * p], N, dN);
-            else Generic(f, mode, &x[3 * p], N, dN);
+            Call(path, f, mode, &x[3 * p], N, dN);
             benchmark::DoNotOptimize(N);
             benchmark::DoNotOptimize(dN);
             benchmark::ClobberMemory();
@@ -125,11 +128,15 @@ void Register(const Form& f, const char* precision)
         int mode;
         const char* name;
     } modes[] = {{VIS_SHAPE_FUNC, "values"}, {VIS_SHAPE_ALL, "values+derivs"}};
+    const struct {
+        Path path;
+        const char* name;
+    } paths[] = {{PATH_CLOSED, "closed"}, {PATH_GENERIC, "generic"}, {PATH_ENTRY, "entry"}};
     for (const auto& m : modes)
-        for (bool closed : {true, false}) {
-            std::string name = std::string(f.name) + "/" + precision + "/" + m.name + "/" +
-                               (closed ? "closed" : "generic");
-            benchmark::RegisterBenchmark(name.c_str(), BM_Shape<T>, f, m.mode, closed);
+        for (const auto& w : paths) {
+            if (w.path == PATH_ENTRY && f.shape == SYS_SHAPE_LINE) continue;
+            std::string name = std::string(f.name) + "/" + precision + "/" + m.name + "/" + w.name;
+            benchmark::RegisterBenchmark(name.c_str(), BM_Shape<T>, f, m.mode, w.path);
         }
 }
 
