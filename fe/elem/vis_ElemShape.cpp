@@ -4,11 +4,14 @@
  * its three partial derivatives with respect to r, s, t), so one expression yields a function
  * and its exact derivatives, and the float and double twins share the code through a template.
  * Evaluation fills local arrays of the unmasked form; the mask and the copy to the caller come
- * last. Nothing allocates.
+ * last. Nothing allocates. The public entries try the unrolled closed forms of
+ * vis_ElemShapeClosed first; this evaluator serves every other tuple and is their reference.
  */
 #include "vis_ElemShape.h"
 
 #include "vis_ElemForm.h"
+#include "vis_ElemShapeClosed.h"
+#include "vis_ElemShapeGeneric.h"
 #include "vis_ElemTables.h"
 #include "vis_ElemTopology.h"
 
@@ -806,25 +809,43 @@ void vis_ElemShape1Ddv(int mode, int order, double r, double* N, double* dN)
 
 void vis_ElemShape2D(int mode, int shape, int maxi, int maxj, const float* coords, float* N, float* dN)
 {
+    if (vis_ElemShapeClosed(mode, shape, maxi, maxj, 0, 2, coords, N, dN)) return;
     Shape2D(mode, shape, maxi, maxj, coords, N, dN);
 }
 
 void vis_ElemShape2Ddv(int mode, int shape, int maxi, int maxj, const double* coords, double* N,
                        double* dN)
 {
+    if (vis_ElemShapeCloseddv(mode, shape, maxi, maxj, 0, 2, coords, N, dN)) return;
     Shape2D(mode, shape, maxi, maxj, coords, N, dN);
 }
 
 void vis_ElemShape3D(int mode, int shape, int maxi, int maxj, int maxk, const float* coords,
                      float* N, float* dN)
 {
+    if (vis_ElemShapeClosed(mode, shape, maxi, maxj, maxk, 3, coords, N, dN)) return;
     Shape3D(mode, shape, maxi, maxj, maxk, coords, N, dN);
 }
 
 void vis_ElemShape3Ddv(int mode, int shape, int maxi, int maxj, int maxk, const double* coords,
                        double* N, double* dN)
 {
+    if (vis_ElemShapeCloseddv(mode, shape, maxi, maxj, maxk, 3, coords, N, dN)) return;
     Shape3D(mode, shape, maxi, maxj, maxk, coords, N, dN);
+}
+
+void vis_ElemShapeGeneric(int mode, int shape, int maxi, int maxj, int maxk, const float* coords,
+                          float* N, float* dN)
+{
+    if (shape >= SYS_SHAPE_LINE && shape <= SYS_SHAPE_HEX)
+        Shape(mode, shape, maxi, maxj, maxk, Def(shape)->dim, coords, N, dN);
+}
+
+void vis_ElemShapeGenericdv(int mode, int shape, int maxi, int maxj, int maxk,
+                            const double* coords, double* N, double* dN)
+{
+    if (shape >= SYS_SHAPE_LINE && shape <= SYS_SHAPE_HEX)
+        Shape(mode, shape, maxi, maxj, maxk, Def(shape)->dim, coords, N, dN);
 }
 
 void vis_ElemDropMidside(int mode, int shape, int maxi, int maxj, int maxk, float* N, int dim,
