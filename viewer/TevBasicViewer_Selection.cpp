@@ -142,7 +142,7 @@ void TevBasicViewer::ProcessHighLightedObj()
     const std::vector<const TopoDS_Shape*>& list = SelectionMgr::GetInstance()->GetshapeList();
     const int n = static_cast<int>(list.size());
     if (n == 0) return;
-    emit m_signal_StatusBar(DrawerOutput::GetQStringFromChar("选中 %d 个对象", n));
+    emit m_signal_StatusBar(DrawerOutput::GetQStringFromUtf8("选中 %d 个对象", n));
     for (const TopoDS_Shape* shape : list) {
         auto actor = vtkSmartPointer<vtkActor>::New();
         InitAllHightActor(actor);
@@ -173,9 +173,9 @@ void TevBasicViewer::HighligtFirstObject()
     const int n = static_cast<int>(list.size());
     if (n == 0) return;
     if (n == 1)
-        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "点选：选中 1 个对象");
+        DrawerOutput::GetInstance()->EmitMessage(0, QString::fromUtf8("点选：选中 1 个对象"));
     else
-        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "点选：选中 %d 个对象，可按Tab切换", n);
+        DrawerOutput::GetInstance()->EmitMessage(0, DrawerOutput::GetQStringFromUtf8("点选：选中 %d 个对象，可按Tab切换", n));
     m_currentSelActor = vtkSmartPointer<vtkActor>::New();
     InitAllHightActor(m_currentSelActor);
     ShowHighlight(m_currentSelActor, list[0]);

@@ -17,6 +17,7 @@
 #include <IVtkOCC_Shape.hxx>
 #include <IVtkTools_ShapePicker.hxx>
 #include <QSignalSpy>
+#include <QTextCodec>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <TopExp.hxx>
 #include <TopoDS.hxx>
@@ -108,6 +109,34 @@ TEST_F(SelectionTest, ClickOnABoxAtBodyLevelSelectsThatShape)
     EXPECT_DOUBLE_EQ(hl->GetProperty()->GetOpacity(), 0.5);
     EXPECT_DOUBLE_EQ(hl->GetProperty()->GetColor()[2], 0.4);
     EXPECT_FALSE(hl->GetPickable());
+}
+
+// The count text is built from UTF-8, so it reads the same whatever the process's locale is. The
+// test runs once more in a process started with LANG=C and no codec set (tests/viewer/CMakeLists),
+// and its second half gives the process a Latin-1 locale codec, under which reading the text as
+// local 8-bit would garble it.
+TEST_F(SelectionTest, TheCountTextReadsTheSameInAnyLocale)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    QSignalSpy status(viewer.get(), &TevBasicViewer::m_signal_StatusBar);
+    Click(gp_Pnt(5, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    ASSERT_GE(status.count(), 1);
+    EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 1 个对象"));
+
+    QTextCodec* before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    // The precondition that makes this half mean something: local 8-bit reading now differs.
+    EXPECT_NE(QString::fromLocal8Bit("选中"), QString::fromUtf8("选中"));
+    // Ctrl adds the second box: the count follows.
+    HoldCtrl(true);
+    Click(gp_Pnt(35, 5, 10), Qt::ControlModifier);
+    HoldCtrl(false);
+    QTextCodec::setCodecForLocale(before);
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 2 个对象"));
 }
 
 TEST_F(SelectionTest, FaceLevelTakesTheFaceUnderTheCursor)

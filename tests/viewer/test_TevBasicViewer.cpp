@@ -468,6 +468,35 @@ TEST_F(TevBasicViewerTest, UpdatesOfOneEventRenderOnceAndShowTheChange)
     EXPECT_LT(c.red() + c.green() + c.blue(), 10);
 }
 
+// A host that holds the viewer as a QWidget* and calls update() gets the scene rendered: the
+// render comes from Qt's paint, not from an overload that such a call would not reach.
+TEST_F(TevBasicViewerTest, UpdateThroughAQWidgetPointerRendersTheChange)
+{
+    QTest::qWait(50);
+    int renders = 0;
+    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
+    counter->SetClientData(&renders);
+    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
+    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+    // A plain red background everywhere: any pixel of the picture then reads (255, 0, 0).
+    viewer->GetDefaultRender()->SetBackground(1.0, 0.0, 0.0);
+    viewer->GetDefaultRender()->SetBackground2(1.0, 0.0, 0.0);
+    QWidget* host = viewer.get();
+    host->update();
+    host->update();
+    EXPECT_EQ(renders, 0);  // nothing renders before control returns to the event loop
+    QImage img = tevtest::GrabRendered(viewer.get());
+    EXPECT_EQ(renders, 1);
+    const QColor c = img.pixelColor(img.width() - 5, img.height() / 2);
+    EXPECT_EQ(c.red(), 255);
+    EXPECT_EQ(c.green(), 0);
+    EXPECT_EQ(c.blue(), 0);
+    // The repaint that shows the new frame does not render again: the widget does not keep
+    // itself busy.
+    QTest::qWait(300);
+    EXPECT_EQ(renders, 1);
+}
+
 TEST_F(TevBasicViewerTest, RenderedImageShowsTheGradient)
 {
     QImage img = tevtest::GrabRendered(viewer.get());
