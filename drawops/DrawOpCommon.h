@@ -36,6 +36,10 @@ public:
     void ChildActionFinished(TevBasicViewer* viewer) override;
     bool IsActionFinished() override;
     void FinishCurrentOp(TevBasicViewer* viewer) override;
+    // Remembers how many points the operation holds; StepFailed cuts the list back to that and
+    // removes both rubber bands and the snap ring.
+    void BeginStep() override;
+    void StepFailed(TevBasicViewer* viewer) override;
 
     std::vector<gp_Pnt>& GetPointList() { return m_PointList; }
     void SetPointList(std::vector<gp_Pnt> points) { m_PointList = points; }
@@ -79,6 +83,8 @@ protected:
     QString m_StatusString;
 
 private:
+    size_t m_stepPointCount = 0;  // size of m_PointList when the current step began
+
     void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3]);
 };
 

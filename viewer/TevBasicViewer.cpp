@@ -159,7 +159,7 @@ void TevBasicViewer::mouseMoveEvent(QMouseEvent* event)
     double world[3];
     EventToWorld(event, world);
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world);
+    RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world); });
     const QString text = tr("Screen Coordinate:") + "(" + QString::number(event->x()) + "," +
                          QString::number(FlippedY(event)) + ")   " + mgr->GetOutputString();
     emit m_signal_StatusBar(text);
@@ -169,11 +169,13 @@ void TevBasicViewer::mouseReleaseEvent(QMouseEvent* event)
 {
     double world[3];
     EventToWorld(event, world);
-    // The operation's answer is ignored: it cannot stop the selection step below.
+    // The operation's answer is ignored: it cannot stop the selection step below, and neither
+    // can its failure.
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
     if (event->button() == Qt::LeftButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonUp, world);
+        RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnLButtonUp, world); });
     else if (event->button() == Qt::RightButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnRButtonUp, world);
+        RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnRButtonUp, world); });
 
     const int* pos = GetInteractor()->GetEventPosition();
     m_releasePos[0] = pos[0];
@@ -198,7 +200,7 @@ void TevBasicViewer::mouseDoubleClickEvent(QMouseEvent* event)
     double world[3];
     EventToWorld(event, world);
     if (event->button() == Qt::LeftButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonDoubleClick, world);
+        RunOpStep([&] { DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonDoubleClick, world); });
 }
 
 void TevBasicViewer::keyPressEvent(QKeyEvent* event)
@@ -211,7 +213,7 @@ void TevBasicViewer::keyPressEvent(QKeyEvent* event)
             ProcessHighLightedObj();
             emit m_signal_SelChange("");
         }
-        mgr->ProcessKeyDown(this, Qt::Key_Escape);
+        RunOpStep([&] { mgr->ProcessKeyDown(this, Qt::Key_Escape); });
     }
     if (event->key() == Qt::Key_Tab) HighligtCurrentObject();
     FinishRedraw();
@@ -225,6 +227,18 @@ void TevBasicViewer::keyReleaseEvent(QKeyEvent* event)
 void TevBasicViewer::contextMenuEvent(QContextMenuEvent*) {}
 
 bool TevBasicViewer::event(QEvent* event)
+{
+    bool handled = true;
+    RunGuarded("TevBasicViewer", [&] { handled = DispatchEvent(event); });
+    return handled;
+}
+
+void TevBasicViewer::RenderScene()
+{
+    RunGuarded("Render", [this] { QVTKWidget::RenderScene(); });
+}
+
+bool TevBasicViewer::DispatchEvent(QEvent* event)
 {
     if (event->type() == QEvent::Close) {
         if (m_viewerType != VIEW_TYPE_MESH) {
@@ -301,7 +315,7 @@ void TevBasicViewer::m_Slot_BoolUnite() {}
 void TevBasicViewer::m_Slot_OKCurrentOp()
 {
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    mgr->EndOp(mgr->GetCurrentOp(), this);
+    RunOpStep([&] { mgr->EndOp(mgr->GetCurrentOp(), this); });
     RenderSnapPoint(nullptr);
 }
 

@@ -6,6 +6,27 @@
 // world point on the near clipping plane, handed to DrawOpMgr, followed by the selection pick.
 // The host creates the widget, calls InitViewer() once, connects the four signals, starts
 // operations through DrawOpMgr and reads the selection from SelectionMgr.
+//
+// Failures. A modelling failure never leaves the widget's event handling. The operations, the
+// snap engine and the commands keep no exception handlers; the widget's entry points catch
+// Standard_Failure and std::exception: the mouse and key handlers around each operation step,
+// event() around everything Qt delivers (wheel and paint included), and every slot that does
+// work. On a catch:
+//   - the document transaction the step opened is aborted, so the document is exactly as before
+//     the event (a transaction an earlier step left open is committed before each step);
+//   - the operation on top, if it still is, gets IDrawOp::StepFailed: its rubber bands, the
+//     snap ring and the points the step appended go; its step flags are as before the event,
+//     since operations change them only after their last call that can raise;
+//   - one level-2 line "<name> : <failure text>" goes out through DrawerOutput, where <name> is
+//     the operation's class ("DrawCircleOp") or, outside an operation step, the command
+//     ("Set Face as work plane") or "TevBasicViewer", and the failure text is the exception's
+//     message (its type when it has none), in the "<Operation> : <reason>" form of the creators;
+//   - the operation stays on the stack, so the user can click again or press Escape; the rest of
+//     the event (the selection pick, the interactor, the redraw) goes on.
+// The creators of the sibling library report their own failures and raise none, so input they
+// refuse (collinear arc points, for one) ends as their message and a normal end of the step.
+// One guard stays where the plain steps would give a wrong result rather than a failure: the
+// snap engine skips edges parallel to the view ray (see BrepSnapMgr.h).
 #ifndef TEVBASICVIEWER_H
 #define TEVBASICVIEWER_H
 
@@ -20,12 +41,14 @@
 #include <gp_Pnt.hxx>
 #include <vtkSmartPointer.h>
 
+#include <functional>
 #include <map>
 #include <utility>
 #include <string>
 #include <vector>
 
 class GeoGridDrawer;
+class IDrawOp;
 class IVtkOCC_Shape;
 class IVtkTools_ShapePicker;
 class QAction;
@@ -180,6 +203,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    // The render of a paint, inside the failure boundary: a shape whose meshing fails is reported.
+    void RenderScene() override;
 
     bool IsCtrlPressed() { return m_ctrlPressed; }
     void ActivePanMode();
@@ -201,6 +226,16 @@ protected:
     void InitAllHightActor(vtkSmartPointer<vtkActor> actor);
 
 private:
+    // The failure boundary (see the top of this file). RunOpStep runs the operation's share of an
+    // event, RunGuarded the work of an entry point outside any operation (named by `entry`).
+    void RunOpStep(const std::function<void()>& step);
+    // What event() does inside the boundary: the close refusal, Tab, then the base.
+    bool DispatchEvent(QEvent* event);
+    void RunGuarded(const char* entry, const std::function<void()>& body);
+    // Runs `body`; false with the failure's text when it raised.
+    static bool Attempt(const std::function<void()>& body, QString& failure);
+    void RecoverFromFailure(IDrawOp* op, const QString& name, const QString& failure);
+
     // Adds the faces or edges the picker reports for `occ` at levels 1 and 2 (the first hit, or
     // all of them for a rectangle).
     void AddPickedSubShapes(IVtkOCC_Shape* occ, IVtkTools_ShapePicker* picker, bool all);
@@ -233,6 +268,8 @@ private:
     int FlippedY(QMouseEvent* event) const;
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
+    // The work of m_Slot_SetFaceAsWorkPlane, inside the failure boundary.
+    void SetFaceAsWorkPlane();
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
     void EnablePlane(const opencascade::handle<Geom_Plane>& plane, vtkActor* shown, const std::vector<gp_Pnt>& points);
 

@@ -190,13 +190,15 @@ void TevBasicViewer::SelectionUpdate()
 
 void TevBasicViewer::SelectionUpdate(QString name)
 {
-    for (auto& entry : m_shapeByName) {
-        if (QString::compare(entry.first, name, Qt::CaseSensitive) != 0) continue;
-        SelectionMgr::GetInstance()->AddToSelectionList(&entry.second->GetShape());
-        HighligtCurrentObject();
-    }
-    emit m_signal_SelChange("");
-    update();
+    RunGuarded("SelectionUpdate", [&] {
+        for (auto& entry : m_shapeByName) {
+            if (QString::compare(entry.first, name, Qt::CaseSensitive) != 0) continue;
+            SelectionMgr::GetInstance()->AddToSelectionList(&entry.second->GetShape());
+            HighligtCurrentObject();
+        }
+        emit m_signal_SelChange("");
+        update();
+    });
 }
 
 void TevBasicViewer::RemoveHighLihgt()
@@ -225,23 +227,29 @@ void TevBasicViewer::CheckLevelAction(QAction* checked)
 
 void TevBasicViewer::m_Slot_SetSelectionEdge()
 {
-    ApplySelectionModes({{SM_Solid, false}, {SM_Face, false}, {SM_Edge, true}});
-    m_selectLevel = 1;
-    CheckLevelAction(m_actionSelectEdge);
+    RunGuarded("SetSelectionEdge", [this] {
+        ApplySelectionModes({{SM_Solid, false}, {SM_Face, false}, {SM_Edge, true}});
+        m_selectLevel = 1;
+        CheckLevelAction(m_actionSelectEdge);
+    });
 }
 
 void TevBasicViewer::m_Slot_SetSelectionFace()
 {
-    ApplySelectionModes({{SM_CompSolid, false}, {SM_Solid, false}, {SM_Face, true}, {SM_Edge, false}});
-    m_selectLevel = 2;
-    CheckLevelAction(m_actionSelectFace);
+    RunGuarded("SetSelectionFace", [this] {
+        ApplySelectionModes({{SM_CompSolid, false}, {SM_Solid, false}, {SM_Face, true}, {SM_Edge, false}});
+        m_selectLevel = 2;
+        CheckLevelAction(m_actionSelectFace);
+    });
 }
 
 void TevBasicViewer::m_Slot_SetSelectionBody()
 {
-    ApplySelectionModes({{SM_Shape, true}, {SM_Face, false}, {SM_Edge, false}});
-    m_selectLevel = 3;
-    CheckLevelAction(m_actionSelectBody);
+    RunGuarded("SetSelectionBody", [this] {
+        ApplySelectionModes({{SM_Shape, true}, {SM_Face, false}, {SM_Edge, false}});
+        m_selectLevel = 3;
+        CheckLevelAction(m_actionSelectBody);
+    });
 }
 
 void TevBasicViewer::UpdateSelectionLevel()
