@@ -73,7 +73,10 @@ void QVTKWidget::ForwardToInteractor(QEvent* event)
 {
     vtkRenderWindowInteractor* iren = GetInteractor();
     if (!iren) return;
-    m_adapter->SetDevicePixelRatio(static_cast<float>(devicePixelRatioF()), iren);
+    // The ratio only, for the positions the adapter computes: given the interactor, the adapter
+    // would also scale the interactor's size, which VTK's widget already keeps in device pixels,
+    // and every flipped row would then be off on a scaled display.
+    m_adapter->SetDevicePixelRatio(static_cast<float>(devicePixelRatioF()), nullptr);
     m_adapter->ProcessEvent(event, iren);
 }
 

@@ -113,18 +113,25 @@ void TevBasicViewer::InitMainRender()
     window->Render();
 }
 
-int TevBasicViewer::FlippedY(QMouseEvent* event) const
+QPoint TevBasicViewer::DisplayPosition(QMouseEvent* event) const
 {
-    // bottom - top + 1: the bottom row of the widget becomes 1, not 0.
+    // Device pixels, rounded as the interactor rounds them, so that the point an operation gets
+    // and the pixel a pick looks at are the same. Rows are counted from the bottom, where the
+    // bottom row is 1 (bottom - top + 1 - y), one more than the interactor's row.
+    const double ratio = devicePixelRatioF();
     const QRect r = rect();
-    return (r.bottom() - r.top() + 1) - event->y();
+    const int height = static_cast<int>((r.bottom() - r.top() + 1) * ratio + 0.5);
+    const int x = static_cast<int>(event->x() * ratio + 0.5);
+    const int y = static_cast<int>(event->y() * ratio + 0.5);
+    return QPoint(x, height - y);
 }
 
 void TevBasicViewer::EventToWorld(QMouseEvent* event, double world[3])
 {
     world[0] = world[1] = world[2] = 0.0;
     if (!m_renderer) return;
-    m_renderer->SetDisplayPoint(event->x(), FlippedY(event), 0.0);
+    const QPoint display = DisplayPosition(event);
+    m_renderer->SetDisplayPoint(display.x(), display.y(), 0.0);
     m_renderer->DisplayToWorld();
     const double* w = m_renderer->GetWorldPoint();
     world[0] = w[0];
@@ -160,8 +167,9 @@ void TevBasicViewer::mouseMoveEvent(QMouseEvent* event)
     EventToWorld(event, world);
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
     RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world); });
-    const QString text = tr("Screen Coordinate:") + "(" + QString::number(event->x()) + "," +
-                         QString::number(FlippedY(event)) + ")   " + mgr->GetOutputString();
+    const QPoint display = DisplayPosition(event);
+    const QString text = tr("Screen Coordinate:") + "(" + QString::number(display.x()) + "," +
+                         QString::number(display.y()) + ")   " + mgr->GetOutputString();
     emit m_signal_StatusBar(text);
 }
 

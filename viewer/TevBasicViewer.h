@@ -25,6 +25,13 @@
 //     the event (the selection pick, the interactor, the redraw) goes on.
 // The creators of the sibling library report their own failures and raise none, so input they
 // refuse (collinear arc points, for one) ends as their message and a normal end of the step.
+// Pixels. One convention throughout, on any screen: VTK display coordinates, in device pixels
+// with the origin at the bottom left. Clicks become world points from it, picks and rubber bands
+// use the interactor's positions in it, the snap engine measures in it, and the status bar's
+// "Screen Coordinate:" shows it. Pixel tolerances (the 5-pixel grid radius, the snap tolerance
+// of 10) are meant as the user sees them and are scaled by the device pixel ratio, so the same
+// gesture snaps the same on a scaled display.
+//
 // One guard stays where the plain steps would give a wrong result rather than a failure: the
 // snap engine skips edges parallel to the view ray (see BrepSnapMgr.h).
 #ifndef TEVBASICVIEWER_H
@@ -265,7 +272,9 @@ private:
     // The common first step of a mouse event: the world point on the near clipping plane under
     // the event's position. The bottom row of the widget is display row 1, not 0.
     void EventToWorld(QMouseEvent* event, double world[3]);
-    int FlippedY(QMouseEvent* event) const;
+    // The event's position in VTK display coordinates (device pixels, from the bottom, the
+    // bottom row being 1): what EventToWorld and the status text use.
+    QPoint DisplayPosition(QMouseEvent* event) const;
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
     // The work of m_Slot_SetFaceAsWorkPlane, inside the failure boundary.
