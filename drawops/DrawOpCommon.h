@@ -19,6 +19,8 @@
 
 class DrawOpCommon : public IDrawOp
 {
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class DrawOpTestPeer;
 public:
     // `paramInput` true makes an operation ask for its angular parameters.
     explicit DrawOpCommon(bool paramInput = false);
@@ -45,9 +47,6 @@ public:
     void SetPointList(std::vector<gp_Pnt> points) { m_PointList = points; }
     QString GetStatusString() { return m_StatusString; }
     void SetStatusString(QString& text) { m_StatusString = text; }
-
-    vtkSmartPointer<vtkActor> GetTempActor() const { return m_TempActor; }
-    vtkSmartPointer<vtkActor> GetTempActor2() const { return m_TempActor2; }
 
     // Prints one prompt line: tr(text) in the local 8-bit encoding at level 0.
     static void Prompt(const char* text);

@@ -93,6 +93,8 @@ struct TevTShapeLess {
 class TevBasicViewer : public QVTKWidget
 {
     Q_OBJECT
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class TevBasicViewerTestPeer;
 
 public:
     explicit TevBasicViewer(std::string name = "TevPlatform");
@@ -113,13 +115,6 @@ public:
     MOUSE_OP_MODE GetCurrentOperationMode() const { return m_mouseOpMode; }
     const std::string& GetName() const { return m_name; }
 
-    // Interactor event positions (VTK display pixels) at the last press and release.
-    const int* GetPressPos() const { return m_pressPos; }
-    const int* GetReleasePos() const { return m_releasePos; }
-    // Whether the last press and release make a rubber band: both coordinates moved, in
-    // MOUSE_OP_SELECT. Otherwise a release is a point pick.
-    bool IsRectRelease() const;
-
     // Redraw entries. RefreshViewer rebuilds every shape's actor and picker from the document
     // and keeps the selection; UpdateRefreshViewer does the same and clears the selection;
     // UpdateViewer only redraws.
@@ -136,20 +131,6 @@ public:
     double GetShapeOpacity(TopoDS_Shape* shape);
     void SetShapeVisibility(TopoDS_Shape* shape, bool visible);
     bool GetShapeVisiblity(TopoDS_Shape* shape);
-
-    // Read-only views of the picture, for hosts and tests.
-    const std::vector<vtkSmartPointer<vtkActor>>& GetShapeActors() const { return m_shapeActors; }
-    const std::map<IVtkOCC_Shape*, vtkSmartPointer<vtkActor>>& GetActorByShape() const { return m_actorByShape; }
-    const std::map<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>& GetPickerByShape() const
-    {
-        return m_pickerByShape;
-    }
-    const std::map<QString, IVtkOCC_Shape*>& GetShapeByName() const { return m_shapeByName; }
-    size_t GetActorByTShapeCount() const { return m_actorByTShape.size(); }
-    const std::vector<vtkSmartPointer<vtkActor>>& GetSelectionActors() const { return m_selActors; }
-    vtkSmartPointer<vtkActor> GetCurrentSelActor() const { return m_currentSelActor; }
-    int GetSelectLevel() const { return m_selectLevel; }
-    int GetCurrentSelIndex() const { return m_currentSelIndex; }
 
     // The snap ring at a snap hit; null takes the ring (and the debugging image) away.
     void RenderSnapPoint(sSnapResult* result);
@@ -277,6 +258,9 @@ private:
     QPoint DisplayPosition(QMouseEvent* event) const;
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
+    // Whether the last press and release make a rubber band: both coordinates moved, in
+    // MOUSE_OP_SELECT. Otherwise a release is a point pick.
+    bool IsRectRelease() const;
     // The work of m_Slot_SetFaceAsWorkPlane, inside the failure boundary.
     void SetFaceAsWorkPlane();
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);

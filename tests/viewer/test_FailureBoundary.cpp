@@ -5,6 +5,7 @@
 #include "DrawCircleOp.h"
 #include "DrawEllipseOp.h"
 #include "DrawLineOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 
 #include <BRepBuilderAPI_MakeFace.hxx>
@@ -122,7 +123,7 @@ TEST_F(FailureBoundaryTest, ACursorOnTheFirstAxisSpansAZeroLengthAxisAndTheEllip
     Click(gp_Pnt(0, 0, 0));
     Click(gp_Pnt(30, 0, 0));
     Move(gp_Pnt(0, 10, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor2()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     log.Clear();
     // On the first axis the second axis has length zero: the band's ellipse cannot be made.
     Move(gp_Pnt(10, 0, 0));
@@ -136,7 +137,7 @@ TEST_F(FailureBoundaryTest, ACursorOnTheFirstAxisSpansAZeroLengthAxisAndTheEllip
     // its click the ellipse about the origin with semi-axes 30 (along x) and 10.
     log.Clear();
     Move(gp_Pnt(0, 10, 0));
-    EXPECT_TRUE(Shown(op.GetTempActor2()));
+    EXPECT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     Click(gp_Pnt(0, 10, 0));
     EXPECT_TRUE(Faults(log).empty());
     ASSERT_EQ(All().size(), 1u);

@@ -2,6 +2,7 @@
 // real Qt events, interaction modes, close refusals and the picture it draws.
 #include "GuiTestSupport.h"
 #include "RecordingOp.h"
+#include "TevBasicViewerTestPeer.h"
 #include "ViewerFixture.h"
 
 #include <QMetaMethod>
@@ -235,23 +236,23 @@ TEST_F(TevBasicViewerTest, PressAndReleasePositionsAreTheEventsOwn)
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 120));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(250, 300));
     const int h = viewer->height();
-    EXPECT_EQ(viewer->GetPressPos()[0], 100);
-    EXPECT_EQ(viewer->GetPressPos()[1], h - 120 - 1);  // VTK rows count from 0 at the bottom
-    EXPECT_EQ(viewer->GetReleasePos()[0], 250);
-    EXPECT_EQ(viewer->GetReleasePos()[1], h - 300 - 1);
-    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_EQ(TevBasicViewerTestPeer::PressPos(*viewer)[0], 100);
+    EXPECT_EQ(TevBasicViewerTestPeer::PressPos(*viewer)[1], h - 120 - 1);  // VTK rows count from 0 at the bottom
+    EXPECT_EQ(TevBasicViewerTestPeer::ReleasePos(*viewer)[0], 250);
+    EXPECT_EQ(TevBasicViewerTestPeer::ReleasePos(*viewer)[1], h - 300 - 1);
+    EXPECT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, ClickAndStraightDragsArePointPicks)
 {
     QTest::mouseClick(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(300, 100));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 300));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, RightDragShowsNoMenuInSelectModeButDoesInRotateMode)
@@ -277,12 +278,12 @@ TEST_F(TevBasicViewerTest, InRotateOrZoomModeEveryLeftReleaseIsAPointPick)
         viewer->SetCurrentOperationMode(mode);
         QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
         QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-        EXPECT_FALSE(viewer->IsRectRelease()) << mode;
+        EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer)) << mode;
     }
     viewer->SetCurrentOperationMode(MOUSE_OP_SELECT);
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, ModesInstallTheirStylesAndPanOnlyStores)
@@ -300,7 +301,7 @@ TEST_F(TevBasicViewerTest, ModesInstallTheirStylesAndPanOnlyStores)
     // Rectangle selection is off in pan mode although the rubber-band style is still there.
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     viewer->SetCurrentOperationMode(static_cast<MOUSE_OP_MODE>(7));
     EXPECT_EQ(viewer->GetInteractor()->GetInteractorStyle(), before);
 }
