@@ -40,6 +40,15 @@ protected:
             if (log.levels[i] == 2) out.push_back(log.lines[i]);
         return out;
     }
+    // Clicks (-30, 0) and (0, 0), moves to (30, 0), and clicks there after clearing `log`.
+    void ThreeCollinearClicks(tevtest::PromptLog& log)
+    {
+        Click(gp_Pnt(-30, 0, 0));
+        Click(gp_Pnt(0, 0, 0));
+        Move(gp_Pnt(30, 0, 0));
+        log.Clear();
+        Click(gp_Pnt(30, 0, 0));
+    }
     static gp_Circ CircleOf(const TopoDS_Shape& edge)
     {
         BRepAdaptor_Curve curve(TopoDS::Edge(edge));
@@ -53,13 +62,9 @@ TEST_F(FailureBoundaryTest, CollinearCirclePointsKeepTheDocumentAndTheThirdStep)
     tevtest::PromptLog log;
     DrawCircleOp op;
     Start(&op);
-    Click(gp_Pnt(-30, 0, 0));
-    Click(gp_Pnt(0, 0, 0));
-    Move(gp_Pnt(30, 0, 0));
-    log.Clear();
     // The third point on the line of the first two: no circle passes through them, and the
     // circle construction's failure is what the user reads. No "Circle: Done" follows.
-    Click(gp_Pnt(30, 0, 0));
+    ThreeCollinearClicks(log);
     EXPECT_EQ(log.lines, (Lines{"DrawCircleOp : GC_MakeCircle::Value() - no result"}));
     EXPECT_EQ(log.levels, (std::vector<int>{2}));
     ExpectEmptyDocument();
@@ -87,13 +92,9 @@ TEST_F(FailureBoundaryTest, CollinearArcPointsAreRefusedByTheCreatorAndTheArcSta
     tevtest::PromptLog log;
     DrawArcOp op;
     Start(&op);
-    Click(gp_Pnt(-30, 0, 0));
-    Click(gp_Pnt(0, 0, 0));
-    Move(gp_Pnt(30, 0, 0));
-    log.Clear();
     // The arc's construction is the creator's, which raises nothing: it refuses the points with
     // its own "<operation> : <reason>" line, and the operation ends the step as usual.
-    Click(gp_Pnt(30, 0, 0));
+    ThreeCollinearClicks(log);
     EXPECT_EQ(Faults(log), (Lines{"CreateArc : the three points are collinear"}));
     ExpectEmptyDocument();
     EXPECT_TRUE(NothingLeft(op));

@@ -449,14 +449,20 @@ TEST_F(TevBasicViewerTest, StandardViewsPlaceTheCamera)
     }
 }
 
+// Counts each finished render of the viewer's window into `renders`.
+void CountRenders(TevBasicViewer* viewer, int* renders)
+{
+    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
+    counter->SetClientData(renders);
+    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
+    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+}
+
 TEST_F(TevBasicViewerTest, UpdatesOfOneEventRenderOnceAndShowTheChange)
 {
     QTest::qWait(50);
     int renders = 0;
-    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
-    counter->SetClientData(&renders);
-    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
-    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+    CountRenders(viewer.get(), &renders);
     viewer->GetDefaultRender()->SetBackground(0.0, 0.0, 0.0);
     viewer->GetDefaultRender()->SetBackground2(0.0, 0.0, 0.0);
     viewer->update();
@@ -475,10 +481,7 @@ TEST_F(TevBasicViewerTest, UpdateThroughAQWidgetPointerRendersTheChange)
 {
     QTest::qWait(50);
     int renders = 0;
-    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
-    counter->SetClientData(&renders);
-    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
-    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+    CountRenders(viewer.get(), &renders);
     // A plain red background everywhere: any pixel of the picture then reads (255, 0, 0).
     viewer->GetDefaultRender()->SetBackground(1.0, 0.0, 0.0);
     viewer->GetDefaultRender()->SetBackground2(1.0, 0.0, 0.0);
