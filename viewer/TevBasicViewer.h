@@ -13,7 +13,7 @@
 // event() around everything Qt delivers (wheel and paint included), and every slot that does
 // work. On a catch:
 //   - the document transaction the step opened is aborted, so the document is exactly as before
-//     the event (a transaction an earlier step left open is committed before each step);
+//     the event (a transaction an earlier step left open is committed when an event begins);
 //   - the operation on top, if it still is, gets IDrawOp::StepFailed: its rubber bands, the
 //     snap ring and the points the step appended go; its step flags are as before the event,
 //     since operations change them only after their last call that can raise;
@@ -220,9 +220,11 @@ private:
     // What event() does inside the boundary: the close refusal, Tab, then the base.
     bool DispatchEvent(QEvent* event);
     void RunGuarded(const char* entry, const std::function<void()>& body);
+    // Both run here: `body` inside the handlers, and on a failure the recovery, reported under
+    // the class of `op` when there is one, else under `entry`.
+    void RunInBoundary(IDrawOp* op, const QString& entry, const std::function<void()>& body);
     // Runs `body`; false with the failure's text when it raised.
     static bool Attempt(const std::function<void()>& body, QString& failure);
-    void RecoverFromFailure(IDrawOp* op, const QString& name, const QString& failure);
 
     // Adds the faces or edges the picker reports for `occ` at levels 1 and 2 (the first hit, or
     // all of them for a rectangle).
@@ -318,6 +320,7 @@ private:
     std::string m_name;
     vis_Model* m_femModel;
     std::vector<opencascade::handle<IVtkOCC_Shape>> m_retiredShapes;
+    int m_boundaryDepth = 0;  // failure boundaries entered and not yet left
 };
 
 #endif

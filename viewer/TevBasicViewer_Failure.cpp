@@ -43,14 +43,6 @@ static QString FailureText(const Standard_Failure& failure)
     return QString::fromLatin1(failure.DynamicType()->Name());
 }
 
-// A change that an earlier step left open (an error path of an operation) is committed as it
-// stands, so that aborting after a failure takes back only what the failing step opened.
-static void CommitLeftoverTransaction()
-{
-    ShapeDocMgr* doc = ShapeDocMgr::GetInstance();
-    if (doc->HasOpenTransaction()) doc->EndTransaction();
-}
-
 bool TevBasicViewer::Attempt(const std::function<void()>& body, QString& failure)
 {
     try {
@@ -66,27 +58,34 @@ bool TevBasicViewer::Attempt(const std::function<void()>& body, QString& failure
 
 void TevBasicViewer::RunOpStep(const std::function<void()>& step)
 {
-    CommitLeftoverTransaction();
     IDrawOp* op = DrawOpMgr::GetInstance()->GetCurrentOp();
     if (op) op->BeginStep();
-    QString failure;
-    if (Attempt(step, failure)) return;
-    RecoverFromFailure(op, op ? OperationName(op) : QString::fromLatin1("TevBasicViewer"), failure);
+    RunInBoundary(op, op ? QString() : QString::fromLatin1("TevBasicViewer"), step);
 }
 
 void TevBasicViewer::RunGuarded(const char* entry, const std::function<void()>& body)
 {
-    CommitLeftoverTransaction();
-    QString failure;
-    if (Attempt(body, failure)) return;
-    RecoverFromFailure(nullptr, QString::fromLatin1(entry), failure);
+    RunInBoundary(nullptr, QString::fromLatin1(entry), body);
 }
 
-void TevBasicViewer::RecoverFromFailure(IDrawOp* op, const QString& name, const QString& failure)
+void TevBasicViewer::RunInBoundary(IDrawOp* op, const QString& entry, const std::function<void()>& body)
 {
-    ShapeDocMgr::GetInstance()->AbortTransaction();
+    ShapeDocMgr* doc = ShapeDocMgr::GetInstance();
+    // At the outermost entry, a change that an earlier step left open (an error path of an
+    // operation) is committed as it stands, so that an abort takes back only this event's
+    // change. Entries nested in the event (a paint while a step runs a dialog) leave open what
+    // the step around them opened, and do not abort it either.
+    if (m_boundaryDepth == 0 && doc->HasOpenTransaction()) doc->EndTransaction();
+    const bool openBefore = doc->HasOpenTransaction();
+    ++m_boundaryDepth;
+    QString failure;
+    const bool done = Attempt(body, failure);
+    --m_boundaryDepth;
+    if (done) return;
+    if (!openBefore) doc->AbortTransaction();
     // An operation that is still on top stays there, in the step it was in.
     if (op && DrawOpMgr::GetInstance()->GetCurrentOp() == op) op->StepFailed(this);
+    const QString name = op ? OperationName(op) : entry;
     DrawerOutput::GetInstance()->EmitMessage(2, name + " : " + failure);
     update();
 }

@@ -1,6 +1,7 @@
 // The failure policy of the viewer (TevBasicViewer.h), through real mouse events: a step whose
 // geometry raises leaves the document as it was, tells the user in one exact level-2 line, and
 // leaves the operation running in the step it was in, so that the next valid clicks work.
+#include "BoxShapeParaCreator.h"
 #include "DrawArcOp.h"
 #include "DrawCircleOp.h"
 #include "DrawEllipseOp.h"
@@ -19,6 +20,24 @@
 #include <cmath>
 
 using tevtest::Lines;
+
+// An operation whose click makes a box inside a transaction of its own and then fails in the
+// geometry kernel, as a step that raises after it changed the document does. With `leaveOpen`
+// the click makes its box and returns with the transaction still open, as an error path may.
+class FailingBoxOp : public DrawOpCommon
+{
+public:
+    bool leaveOpen = false;
+    bool LButtonUp(TevBasicViewer*, const double[3]) override
+    {
+        ShapeDocMgr::GetInstance()->StartTransaction();
+        BoxShapeParaCreator().CreateBox(gp_Ax2(gp_Pnt(0, 0, 0), gp_Dir(0, 0, 1)), 10, 10, 10);
+        if (leaveOpen) return false;
+        gp_Vec none(0, 0, 0);
+        none.Normalize();  // raises: a vector of zero length has no direction
+        return false;
+    }
+};
 
 namespace {
 
@@ -221,6 +240,26 @@ TEST_F(FailureBoundaryTest, EdgesParallelToTheViewDoNotStopPointPicking)
     Ends(All()[1], a, b);
     EXPECT_TRUE(a.IsEqual(gp_Pnt(-30, 0, 0), 1e-9));
     EXPECT_TRUE(b.IsEqual(gp_Pnt(20, 0, 0), 1e-9));
+}
+
+// The failing step's change is taken back; a change an earlier step left open is kept.
+TEST_F(FailureBoundaryTest, AFailureAfterTheStepChangedTheDocumentTakesTheChangeBack)
+{
+    tevtest::PromptLog log;
+    FailingBoxOp op;
+    Start(&op);
+    op.leaveOpen = true;
+    Click(gp_Pnt(-30, 0, 0));
+    ASSERT_EQ(All().size(), 1u);
+    EXPECT_TRUE(ShapeDocMgr::GetInstance()->HasOpenTransaction());
+    op.leaveOpen = false;
+    Click(gp_Pnt(30, 0, 0));
+    EXPECT_EQ(Faults(log), (Lines{"FailingBoxOp : gp_Vec::Normalize() - vector has zero norm"}));
+    // The first box stays, committed as the undo step of its own click; the second is gone.
+    EXPECT_EQ(All().size(), 1u);
+    EXPECT_FALSE(ShapeDocMgr::GetInstance()->HasOpenTransaction());
+    EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), 1);
+    EXPECT_EQ(Current(), &op);
 }
 
 }  // namespace
