@@ -25,6 +25,12 @@
 //     the event (the selection pick, the interactor, the redraw) goes on.
 // The creators of the sibling library report their own failures and raise none, so input they
 // refuse (collinear arc points, for one) ends as their message and a normal end of the step.
+//
+// One guard stays where the plain steps would give a wrong result rather than a failure: the
+// snap engine skips edges parallel to the view ray (see BrepSnapMgr.h). Catching here is a
+// deliberate departure from letting a failure pass through Qt's event handler, which Qt does not
+// support.
+//
 // Pixels. One convention throughout, on any screen: VTK display coordinates, in device pixels
 // with the origin at the bottom left. Clicks become world points from it, picks and rubber bands
 // use the interactor's positions in it, the snap engine measures in it, and the status bar's
@@ -32,8 +38,8 @@
 // of 10) are meant as the user sees them and are scaled by the device pixel ratio, so the same
 // gesture snaps the same on a scaled display.
 //
-// One guard stays where the plain steps would give a wrong result rather than a failure: the
-// snap engine skips edges parallel to the view ray (see BrepSnapMgr.h).
+// Texts. The status text's count ("选中 %d 个对象") is built from UTF-8, not from the local 8-bit
+// encoding, so it reads the same whatever the host's locale is.
 #ifndef TEVBASICVIEWER_H
 #define TEVBASICVIEWER_H
 
