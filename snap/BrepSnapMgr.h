@@ -79,7 +79,7 @@ private:
     std::vector<sSnapResult> m_results;
     gp_Dir m_viewDir;
     double m_tolerance;        // pixels for mid-points and vertices, world units for edges
-    double m_gridToleranceSq;  // squared pixels: the grid radius is always 5 pixels
+    double m_gridToleranceSq;  // squared pixels: the grid radius is always 5 pixels as seen
     // Device pixels per pixel as the user sees it (the viewer's device pixel ratio): display
     // distances are device pixels, the pixel tolerances are scaled by it.
     double m_pixelScale = 1.0;
