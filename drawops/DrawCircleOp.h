@@ -12,7 +12,8 @@
 //
 // m_bStep3 is cleared by InitAction and set by nobody. The circle goes to the creator as centre
 // and radius only: it lies in the creator's plane, not necessarily in the plane of the points.
-// Collinear points are not caught: the circle construction raises.
+// Collinear points are not caught here: the circle construction raises before the step flags
+// change, the viewer reports the failure, and the operation waits for another third point.
 #ifndef DRAWCIRCLEOP_H
 #define DRAWCIRCLEOP_H
 

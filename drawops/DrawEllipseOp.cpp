@@ -89,10 +89,9 @@ void DrawEllipseOp::CreateTempGeo(const gp_Pnt& point, TopoDS_Shape& shape)
     // The longer semi-axis goes first.
     const gp_Pnt& s1 = r > d ? a : point;
     const gp_Pnt& s2 = r > d ? point : a;
-    GC_MakeEllipse ellipse(s1, s2, c);
-    // The cursor on the first axis, or on the centre, spans no ellipse.
-    if (!ellipse.IsDone()) return;
-    opencascade::handle<Geom_Ellipse> curve = ellipse.Value();
+    // The cursor on the first axis, or on the centre, spans no ellipse: Value() raises, and the
+    // viewer's boundary reports it and takes the band away.
+    opencascade::handle<Geom_Ellipse> curve = GC_MakeEllipse(s1, s2, c).Value();
     TopoDS_Edge edge;
     ShapeBuild_Edge().MakeEdge(edge, curve, TopLoc_Location());
     shape = edge;

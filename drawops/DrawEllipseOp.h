@@ -33,7 +33,8 @@ private:
     // rebuild of the picture. A null shape (first axis point on the centre) gives an empty actor.
     void DrawTempLine(TevBasicViewer* viewer, gp_Pnt& point);
     // The ellipse on centre m_Point1 with axis points m_Point2 and `point`; `shape` stays as it
-    // was when the first axis is shorter than 0.0001 or the cursor lies on it.
+    // was when the first axis is shorter than 0.0001. The cursor on the first axis (a second
+    // axis of length zero) or on the centre raises.
     void CreateTempGeo(const gp_Pnt& point, TopoDS_Shape& shape);
     void PerformDraw(TevBasicViewer* viewer);
 

@@ -15,6 +15,8 @@
 
 class DrawLineOp : public DrawOpCommon
 {
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class DrawOpTestPeer;
 public:
     DrawLineOp();
 
@@ -30,8 +32,6 @@ public:
     // A closed polyline through `points` in one transaction, then a refresh: segments between
     // consecutive points and, for three or more, the closing one back to the first.
     void PerformDrawLineList(std::vector<gp_Pnt>& points, TevBasicViewer* viewer);
-
-    bool IsStartTaken() const { return m_bStep1; }
 
 private:
     void PerformDraw(TevBasicViewer* viewer);

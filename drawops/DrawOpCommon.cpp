@@ -68,6 +68,17 @@ void DrawOpCommon::FinishCurrentOp(TevBasicViewer* viewer)
     viewer->update();
 }
 
+void DrawOpCommon::BeginStep()
+{
+    m_stepPointCount = m_PointList.size();
+}
+
+void DrawOpCommon::StepFailed(TevBasicViewer* viewer)
+{
+    if (m_PointList.size() > m_stepPointCount) m_PointList.resize(m_stepPointCount);
+    DrawOpCommon::FinishCurrentOp(viewer);
+}
+
 void DrawOpCommon::Prompt(const char* text)
 {
     const QByteArray bytes = QObject::tr(text).toLocal8Bit();

@@ -19,6 +19,8 @@
 
 class DrawOpCommon : public IDrawOp
 {
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class DrawOpTestPeer;
 public:
     // `paramInput` true makes an operation ask for its angular parameters.
     explicit DrawOpCommon(bool paramInput = false);
@@ -36,14 +38,15 @@ public:
     void ChildActionFinished(TevBasicViewer* viewer) override;
     bool IsActionFinished() override;
     void FinishCurrentOp(TevBasicViewer* viewer) override;
+    // Remembers how many points the operation holds; StepFailed cuts the list back to that and
+    // removes both rubber bands and the snap ring.
+    void BeginStep() override;
+    void StepFailed(TevBasicViewer* viewer) override;
 
     std::vector<gp_Pnt>& GetPointList() { return m_PointList; }
     void SetPointList(std::vector<gp_Pnt> points) { m_PointList = points; }
     QString GetStatusString() { return m_StatusString; }
     void SetStatusString(QString& text) { m_StatusString = text; }
-
-    vtkSmartPointer<vtkActor> GetTempActor() const { return m_TempActor; }
-    vtkSmartPointer<vtkActor> GetTempActor2() const { return m_TempActor2; }
 
     // Prints one prompt line: tr(text) in the local 8-bit encoding at level 0.
     static void Prompt(const char* text);
@@ -79,6 +82,8 @@ protected:
     QString m_StatusString;
 
 private:
+    size_t m_stepPointCount = 0;  // size of m_PointList when the current step began
+
     void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3]);
 };
 

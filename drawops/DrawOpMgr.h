@@ -15,6 +15,8 @@ class TevBasicViewer;
 
 class DrawOpMgr
 {
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class DrawOpTestPeer;
 public:
     enum EnMouseEventType {
         EnMouseMove = 1,
@@ -47,9 +49,6 @@ public:
 
     QString GetOutputString();
     void SetOutputString(QString text);
-
-    // The operations on the stack, bottom first.
-    const std::vector<IDrawOp*>& GetOpStack() const { return m_OpStack; }
 
 private:
     DrawOpMgr();

@@ -98,8 +98,7 @@ void DrawOrthPolygonOp::CreateTempGeo(const gp_Pnt& point, TopoDS_Shape& shape)
         rotation.SetRotation(axis, i * step);
         polygon.Add(point.Transformed(rotation));
     }
-    // Fewer than two points make no edge, and there is nothing to close.
-    if (!polygon.IsDone()) return;
+    // Fewer than two points make no edge: Shape() raises, and the viewer's boundary reports it.
     polygon.Close();
     shape = polygon.Shape();
 }

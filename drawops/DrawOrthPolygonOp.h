@@ -22,6 +22,8 @@
 
 class DrawOrthPolygonOp : public DrawOpCommon
 {
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class DrawOpTestPeer;
 public:
     DrawOrthPolygonOp();
 
@@ -30,8 +32,6 @@ public:
     bool LButtonUp(TevBasicViewer* viewer, const double point[3]) override;
     bool MovePoint(TevBasicViewer* viewer, const double point[3]) override;
     void FinishCurrentOp(TevBasicViewer* viewer) override;
-
-    int GetEdgeNumber() const { return m_EdgeNumber; }
 
 private:
     // The polygon of the cursor as a wire, in m_TempActor2 through ShapeRenderTool in red, then

@@ -22,7 +22,6 @@
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QSurfaceFormat>
-#include <QTextCodec>
 #include <QTimer>
 #include <QVTKOpenGLNativeWidget.h>
 #include <vtkCoordinate.h>
@@ -87,8 +86,6 @@ int main(int argc, char** argv)
 {
     QSurfaceFormat::setDefaultFormat(QVTKOpenGLNativeWidget::defaultFormat());
     QApplication app(argc, argv);
-    // The viewer's texts are UTF-8 literals passed as local 8-bit text.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     const char* shot = ScreenshotPath(argc, argv);
 
     QMainWindow window;

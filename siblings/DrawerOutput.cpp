@@ -14,26 +14,31 @@ DrawerOutput* DrawerOutput::GetInstance()
 }
 
 // vsnprintf into a buffer of the exact size, so that no line is ever cut.
-static QString FormatLocal8Bit(const char* format, va_list ap)
+static QByteArray FormatBytes(const char* format, va_list ap)
 {
-    if (!format) return QString();
+    if (!format) return QByteArray();
     va_list copy;
     va_copy(copy, ap);
     const int n = std::vsnprintf(nullptr, 0, format, copy);
     va_end(copy);
-    if (n <= 0) return QString();
+    if (n <= 0) return QByteArray();
     QByteArray bytes(n + 1, '\0');
     std::vsnprintf(bytes.data(), bytes.size(), format, ap);
     bytes.resize(n);
-    return QString::fromLocal8Bit(bytes);
+    return bytes;
 }
 
 void DrawerOutput::EmitMessage2MessageWidget(int level, const char* format, ...)
 {
     va_list ap;
     va_start(ap, format);
-    const QString text = FormatLocal8Bit(format, ap);
+    const QString text = QString::fromLocal8Bit(FormatBytes(format, ap));
     va_end(ap);
+    EmitMessage(level, text);
+}
+
+void DrawerOutput::EmitMessage(int level, const QString& text)
+{
     if (receivers(SIGNAL(m_signal_Message(int, QString))) == 0)
         std::fprintf(stderr, "[%d] %s\n", level, text.toLocal8Bit().constData());
     emit m_signal_Message(level, text);
@@ -43,7 +48,16 @@ QString DrawerOutput::GetQStringFromChar(const char* format, ...)
 {
     va_list ap;
     va_start(ap, format);
-    const QString text = FormatLocal8Bit(format, ap);
+    const QString text = QString::fromLocal8Bit(FormatBytes(format, ap));
+    va_end(ap);
+    return text;
+}
+
+QString DrawerOutput::GetQStringFromUtf8(const char* format, ...)
+{
+    va_list ap;
+    va_start(ap, format);
+    const QString text = QString::fromUtf8(FormatBytes(format, ap));
     va_end(ap);
     return text;
 }

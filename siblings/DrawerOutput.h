@@ -26,6 +26,15 @@ public:
         __attribute__((format(printf, 1, 2)))
 #endif
         ;
+    // The same with a UTF-8 format: the library's own non-ASCII texts are UTF-8 literals, and
+    // read this way they show the same whatever the host's locale is.
+    static QString GetQStringFromUtf8(const char* format, ...)
+#if defined(__GNUC__)
+        __attribute__((format(printf, 1, 2)))
+#endif
+        ;
+    // Emits one line that is already text, with no 8-bit encoding on the way.
+    void EmitMessage(int level, const QString& text);
 
 signals:
     void m_signal_Message(int level, QString text);

@@ -43,6 +43,7 @@ bool BrepSnapMgr::BeginSnap(double* const point, gp_Dir dir, TevBasicViewer* vie
     m_snapRenderer = viewer->GetDefaultRender().GetPointer();
     if (!m_snapRenderer) return false;
     const gp_Pnt2d d = Get2DCoordinate(gp_Pnt(point[0], point[1], point[2]));
+    m_pixelScale = viewer->devicePixelRatioF();
     m_displayX = d.X();
     m_displayY = d.Y();
     m_viewDir = dir;
@@ -122,7 +123,7 @@ void BrepSnapMgr::SnapOnGrid()
     for (const gp_Pnt& p : m_gridPoints) {
         const gp_Pnt2d d = Get2DCoordinate(p);
         const double d2 = (m_displayX - d.X()) * (m_displayX - d.X()) + (m_displayY - d.Y()) * (m_displayY - d.Y());
-        if (m_gridToleranceSq >= d2) Hit(SNAP_GRID, p, std::sqrt(d2));
+        if (m_gridToleranceSq * m_pixelScale * m_pixelScale >= d2) Hit(SNAP_GRID, p, std::sqrt(d2));
     }
 }
 
@@ -183,7 +184,7 @@ void BrepSnapMgr::SnapOnMiddles(const TopoDS_Shape& shape)
         if (curve.IsNull()) continue;
         const gp_Pnt q = curve->Value((first + last) * 0.5);
         const double d = PixelDistanceTo(q);
-        if (m_tolerance >= d) Hit(SNAP_MIDDLE, q, d);
+        if (m_tolerance * m_pixelScale >= d) Hit(SNAP_MIDDLE, q, d);
     }
 }
 
@@ -192,6 +193,6 @@ void BrepSnapMgr::SnapOnVertices(const TopoDS_Shape& shape)
     for (TopExp_Explorer exp(shape, TopAbs_VERTEX, TopAbs_SHAPE); exp.More(); exp.Next()) {
         const gp_Pnt q = BRep_Tool::Pnt(TopoDS::Vertex(exp.Current()));
         const double d = PixelDistanceTo(q);
-        if (m_tolerance >= d) Hit(SNAP_END_POINT, q, d);
+        if (m_tolerance * m_pixelScale >= d) Hit(SNAP_END_POINT, q, d);
     }
 }

@@ -5,6 +5,13 @@
 // The snap kinds that are on are read from TevPreference at each call. Nothing is cached: every
 // call visits every edge of every shape. There is no scoring: hits are kept in the order found,
 // and the single-result overloads keep the last hit.
+//
+// Failures are not caught here (the viewer's boundary does that), with one deliberate guard: an
+// edge parallel to the view ray is skipped by the on-line kind instead of taking the first
+// extremum. For such an edge the extrema report a distance but no points, so the plain steps
+// raise for every cursor position, and one prism seen along its edges would refuse every point
+// of every operation in that view: a wrong result, not a failure of the user's step. The edge
+// has no single nearest point anyway; its ends snap as vertices.
 #ifndef BREPSNAPMGR_H
 #define BREPSNAPMGR_H
 
@@ -72,7 +79,10 @@ private:
     std::vector<sSnapResult> m_results;
     gp_Dir m_viewDir;
     double m_tolerance;        // pixels for mid-points and vertices, world units for edges
-    double m_gridToleranceSq;  // squared pixels: the grid radius is always 5 pixels
+    double m_gridToleranceSq;  // squared pixels: the grid radius is always 5 pixels as seen
+    // Device pixels per pixel as the user sees it (the viewer's device pixel ratio): display
+    // distances are device pixels, the pixel tolerances are scaled by it.
+    double m_pixelScale = 1.0;
     vtkRenderer* m_snapRenderer;
     double m_displayX;
     double m_displayY;

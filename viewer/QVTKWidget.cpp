@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QTimer>
 #include <QVTKInteractorAdapter.h>
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkRenderWindowInteractor.h>
@@ -47,6 +46,7 @@ bool QVTKWidget::IsRoutedEvent(const QEvent* event)
 
 bool QVTKWidget::event(QEvent* event)
 {
+    if (event->type() == QEvent::Paint) PaintScene();
     if (!IsRoutedEvent(event)) return QVTKOpenGLNativeWidget::event(event);
     // Skip VTK's automatic forwarding; the handlers below forward when the subclass asks.
     UpdateEventInformation(event);
@@ -73,7 +73,10 @@ void QVTKWidget::ForwardToInteractor(QEvent* event)
 {
     vtkRenderWindowInteractor* iren = GetInteractor();
     if (!iren) return;
-    m_adapter->SetDevicePixelRatio(static_cast<float>(devicePixelRatioF()), iren);
+    // The ratio only, for the positions the adapter computes: given the interactor, the adapter
+    // would also scale the interactor's size, which VTK's widget already keeps in device pixels,
+    // and every flipped row would then be off on a scaled display.
+    m_adapter->SetDevicePixelRatio(static_cast<float>(devicePixelRatioF()), nullptr);
     m_adapter->ProcessEvent(event, iren);
 }
 
@@ -107,20 +110,19 @@ void QVTKWidget::keyReleaseEvent(QKeyEvent* event)
     ForwardToInteractor(event);
 }
 
-void QVTKWidget::update()
+void QVTKWidget::PaintScene()
 {
-    if (!m_renderPending) {
-        m_renderPending = true;
-        QTimer::singleShot(0, this, &QVTKWidget::RenderPending);
-    }
-    QWidget::update();
+    // Before the widget has its OpenGL context the window is not ready and nothing is drawn.
+    if (!renderWindow() || !isValid()) return;
+    // The adapter asks Qt for a repaint of every frame VTK finishes; this paint shows the frame
+    // it renders, so that request is held back, or each paint would schedule the next one.
+    const bool held = testAttribute(Qt::WA_UpdatesDisabled);
+    setAttribute(Qt::WA_UpdatesDisabled, true);
+    RenderScene();
+    setAttribute(Qt::WA_UpdatesDisabled, held);
 }
 
-void QVTKWidget::RenderPending()
+void QVTKWidget::RenderScene()
 {
-    if (!m_renderPending) return;
-    m_renderPending = false;
-    // Rendering makes the adapter schedule the repaint that shows the new frame. Before the
-    // widget has its OpenGL context the window is not ready and nothing is drawn.
-    if (vtkRenderWindow* window = renderWindow()) window->Render();
+    renderWindow()->Render();
 }

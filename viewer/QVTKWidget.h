@@ -34,16 +34,14 @@ public:
     // The interactor of the current render window.
     vtkRenderWindowInteractor* GetInteractor();
 
-    // Redraws the scene. VTK 9's widget repaints only the last rendered frame on a plain
-    // QWidget::update(); this one also renders the scene, so that every change made before it
-    // shows, as callers of update() expect. The render runs once when control returns to the
-    // event loop, however many update() calls one event made. The other overloads are QWidget's.
-    using QWidget::update;
-    void update();
-    // Renders now if an update() is still waiting for its render.
-    void RenderPending();
-
 protected:
+    // Renders the scene for a paint. VTK 9's widget only shows the last rendered frame when Qt
+    // paints it; this widget renders first, so that QWidget::update() (through any pointer
+    // type) shows every change made before it. Qt merges the update() calls of one event into
+    // one paint, so the scene renders once however often one event asked. Subclasses may wrap
+    // the render (the viewer runs it inside its failure boundary).
+    virtual void RenderScene();
+
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,8 +57,9 @@ private:
     static bool IsRoutedEvent(const QEvent* event);
     void UpdateEventInformation(QEvent* event);
 
+    void PaintScene();
+
     QVTKInteractorAdapter* m_adapter;
-    bool m_renderPending = false;
 };
 
 #endif

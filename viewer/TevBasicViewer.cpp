@@ -113,18 +113,25 @@ void TevBasicViewer::InitMainRender()
     window->Render();
 }
 
-int TevBasicViewer::FlippedY(QMouseEvent* event) const
+QPoint TevBasicViewer::DisplayPosition(QMouseEvent* event) const
 {
-    // bottom - top + 1: the bottom row of the widget becomes 1, not 0.
+    // Device pixels, rounded as the interactor rounds them, so that the point an operation gets
+    // and the pixel a pick looks at are the same. Rows are counted from the bottom, where the
+    // bottom row is 1 (bottom - top + 1 - y), one more than the interactor's row.
+    const double ratio = devicePixelRatioF();
     const QRect r = rect();
-    return (r.bottom() - r.top() + 1) - event->y();
+    const int height = static_cast<int>((r.bottom() - r.top() + 1) * ratio + 0.5);
+    const int x = static_cast<int>(event->x() * ratio + 0.5);
+    const int y = static_cast<int>(event->y() * ratio + 0.5);
+    return QPoint(x, height - y);
 }
 
 void TevBasicViewer::EventToWorld(QMouseEvent* event, double world[3])
 {
     world[0] = world[1] = world[2] = 0.0;
     if (!m_renderer) return;
-    m_renderer->SetDisplayPoint(event->x(), FlippedY(event), 0.0);
+    const QPoint display = DisplayPosition(event);
+    m_renderer->SetDisplayPoint(display.x(), display.y(), 0.0);
     m_renderer->DisplayToWorld();
     const double* w = m_renderer->GetWorldPoint();
     world[0] = w[0];
@@ -159,9 +166,10 @@ void TevBasicViewer::mouseMoveEvent(QMouseEvent* event)
     double world[3];
     EventToWorld(event, world);
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world);
-    const QString text = tr("Screen Coordinate:") + "(" + QString::number(event->x()) + "," +
-                         QString::number(FlippedY(event)) + ")   " + mgr->GetOutputString();
+    RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnMouseMove, world); });
+    const QPoint display = DisplayPosition(event);
+    const QString text = tr("Screen Coordinate:") + "(" + QString::number(display.x()) + "," +
+                         QString::number(display.y()) + ")   " + mgr->GetOutputString();
     emit m_signal_StatusBar(text);
 }
 
@@ -169,11 +177,13 @@ void TevBasicViewer::mouseReleaseEvent(QMouseEvent* event)
 {
     double world[3];
     EventToWorld(event, world);
-    // The operation's answer is ignored: it cannot stop the selection step below.
+    // The operation's answer is ignored: it cannot stop the selection step below, and neither
+    // can its failure.
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
     if (event->button() == Qt::LeftButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonUp, world);
+        RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnLButtonUp, world); });
     else if (event->button() == Qt::RightButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnRButtonUp, world);
+        RunOpStep([&] { mgr->ProcessMouseEvent(this, DrawOpMgr::EnRButtonUp, world); });
 
     const int* pos = GetInteractor()->GetEventPosition();
     m_releasePos[0] = pos[0];
@@ -198,7 +208,7 @@ void TevBasicViewer::mouseDoubleClickEvent(QMouseEvent* event)
     double world[3];
     EventToWorld(event, world);
     if (event->button() == Qt::LeftButton)
-        DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonDoubleClick, world);
+        RunOpStep([&] { DrawOpMgr::GetInstance()->ProcessMouseEvent(this, DrawOpMgr::EnLButtonDoubleClick, world); });
 }
 
 void TevBasicViewer::keyPressEvent(QKeyEvent* event)
@@ -211,7 +221,7 @@ void TevBasicViewer::keyPressEvent(QKeyEvent* event)
             ProcessHighLightedObj();
             emit m_signal_SelChange("");
         }
-        mgr->ProcessKeyDown(this, Qt::Key_Escape);
+        RunOpStep([&] { mgr->ProcessKeyDown(this, Qt::Key_Escape); });
     }
     if (event->key() == Qt::Key_Tab) HighligtCurrentObject();
     FinishRedraw();
@@ -225,6 +235,18 @@ void TevBasicViewer::keyReleaseEvent(QKeyEvent* event)
 void TevBasicViewer::contextMenuEvent(QContextMenuEvent*) {}
 
 bool TevBasicViewer::event(QEvent* event)
+{
+    bool handled = true;
+    RunGuarded("TevBasicViewer", [&] { handled = DispatchEvent(event); });
+    return handled;
+}
+
+void TevBasicViewer::RenderScene()
+{
+    RunGuarded("Render", [this] { QVTKWidget::RenderScene(); });
+}
+
+bool TevBasicViewer::DispatchEvent(QEvent* event)
 {
     if (event->type() == QEvent::Close) {
         if (m_viewerType != VIEW_TYPE_MESH) {
@@ -301,7 +323,7 @@ void TevBasicViewer::m_Slot_BoolUnite() {}
 void TevBasicViewer::m_Slot_OKCurrentOp()
 {
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    mgr->EndOp(mgr->GetCurrentOp(), this);
+    RunOpStep([&] { mgr->EndOp(mgr->GetCurrentOp(), this); });
     RenderSnapPoint(nullptr);
 }
 

@@ -6,6 +6,40 @@
 // world point on the near clipping plane, handed to DrawOpMgr, followed by the selection pick.
 // The host creates the widget, calls InitViewer() once, connects the four signals, starts
 // operations through DrawOpMgr and reads the selection from SelectionMgr.
+//
+// Failures. A modelling failure never leaves the widget's event handling. The operations, the
+// snap engine and the commands keep no exception handlers; the widget's entry points catch
+// Standard_Failure and std::exception: the mouse and key handlers around each operation step,
+// event() around everything Qt delivers (wheel and paint included), and every slot that does
+// work. On a catch:
+//   - the document transaction the step opened is aborted, so the document is exactly as before
+//     the event (a transaction an earlier step left open is committed when an event begins);
+//   - the operation on top, if it still is, gets IDrawOp::StepFailed: its rubber bands, the
+//     snap ring and the points the step appended go; its step flags are as before the event,
+//     since operations change them only after their last call that can raise;
+//   - one level-2 line "<name> : <failure text>" goes out through DrawerOutput, where <name> is
+//     the operation's class ("DrawCircleOp") or, outside an operation step, the command
+//     ("Set Face as work plane") or "TevBasicViewer", and the failure text is the exception's
+//     message (its type when it has none), in the "<Operation> : <reason>" form of the creators;
+//   - the operation stays on the stack, so the user can click again or press Escape; the rest of
+//     the event (the selection pick, the interactor, the redraw) goes on.
+// The creators of the sibling library report their own failures and raise none, so input they
+// refuse (collinear arc points, for one) ends as their message and a normal end of the step.
+//
+// One guard stays where the plain steps would give a wrong result rather than a failure: the
+// snap engine skips edges parallel to the view ray (see BrepSnapMgr.h). Catching here is a
+// deliberate departure from letting a failure pass through Qt's event handler, which Qt does not
+// support.
+//
+// Pixels. One convention throughout, on any screen: VTK display coordinates, in device pixels
+// with the origin at the bottom left. Clicks become world points from it, picks and rubber bands
+// use the interactor's positions in it, the snap engine measures in it, and the status bar's
+// "Screen Coordinate:" shows it. Pixel tolerances (the 5-pixel grid radius, the snap tolerance
+// of 10) are meant as the user sees them and are scaled by the device pixel ratio, so the same
+// gesture snaps the same on a scaled display.
+//
+// Texts. The status text's count ("选中 %d 个对象") is built from UTF-8, not from the local 8-bit
+// encoding, so it reads the same whatever the host's locale is.
 #ifndef TEVBASICVIEWER_H
 #define TEVBASICVIEWER_H
 
@@ -20,12 +54,14 @@
 #include <gp_Pnt.hxx>
 #include <vtkSmartPointer.h>
 
+#include <functional>
 #include <map>
 #include <utility>
 #include <string>
 #include <vector>
 
 class GeoGridDrawer;
+class IDrawOp;
 class IVtkOCC_Shape;
 class IVtkTools_ShapePicker;
 class QAction;
@@ -63,6 +99,8 @@ struct TevTShapeLess {
 class TevBasicViewer : public QVTKWidget
 {
     Q_OBJECT
+    // Tests reach the internals through this peer (tests/support), not through the host's API.
+    friend class TevBasicViewerTestPeer;
 
 public:
     explicit TevBasicViewer(std::string name = "TevPlatform");
@@ -83,13 +121,6 @@ public:
     MOUSE_OP_MODE GetCurrentOperationMode() const { return m_mouseOpMode; }
     const std::string& GetName() const { return m_name; }
 
-    // Interactor event positions (VTK display pixels) at the last press and release.
-    const int* GetPressPos() const { return m_pressPos; }
-    const int* GetReleasePos() const { return m_releasePos; }
-    // Whether the last press and release make a rubber band: both coordinates moved, in
-    // MOUSE_OP_SELECT. Otherwise a release is a point pick.
-    bool IsRectRelease() const;
-
     // Redraw entries. RefreshViewer rebuilds every shape's actor and picker from the document
     // and keeps the selection; UpdateRefreshViewer does the same and clears the selection;
     // UpdateViewer only redraws.
@@ -106,20 +137,6 @@ public:
     double GetShapeOpacity(TopoDS_Shape* shape);
     void SetShapeVisibility(TopoDS_Shape* shape, bool visible);
     bool GetShapeVisiblity(TopoDS_Shape* shape);
-
-    // Read-only views of the picture, for hosts and tests.
-    const std::vector<vtkSmartPointer<vtkActor>>& GetShapeActors() const { return m_shapeActors; }
-    const std::map<IVtkOCC_Shape*, vtkSmartPointer<vtkActor>>& GetActorByShape() const { return m_actorByShape; }
-    const std::map<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>& GetPickerByShape() const
-    {
-        return m_pickerByShape;
-    }
-    const std::map<QString, IVtkOCC_Shape*>& GetShapeByName() const { return m_shapeByName; }
-    size_t GetActorByTShapeCount() const { return m_actorByTShape.size(); }
-    const std::vector<vtkSmartPointer<vtkActor>>& GetSelectionActors() const { return m_selActors; }
-    vtkSmartPointer<vtkActor> GetCurrentSelActor() const { return m_currentSelActor; }
-    int GetSelectLevel() const { return m_selectLevel; }
-    int GetCurrentSelIndex() const { return m_currentSelIndex; }
 
     // The snap ring at a snap hit; null takes the ring (and the debugging image) away.
     void RenderSnapPoint(sSnapResult* result);
@@ -180,6 +197,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    // The render of a paint, inside the failure boundary: a shape whose meshing fails is reported.
+    void RenderScene() override;
 
     bool IsCtrlPressed() { return m_ctrlPressed; }
     void ActivePanMode();
@@ -201,6 +220,18 @@ protected:
     void InitAllHightActor(vtkSmartPointer<vtkActor> actor);
 
 private:
+    // The failure boundary (see the top of this file). RunOpStep runs the operation's share of an
+    // event, RunGuarded the work of an entry point outside any operation (named by `entry`).
+    void RunOpStep(const std::function<void()>& step);
+    // What event() does inside the boundary: the close refusal, Tab, then the base.
+    bool DispatchEvent(QEvent* event);
+    void RunGuarded(const char* entry, const std::function<void()>& body);
+    // Both run here: `body` inside the handlers, and on a failure the recovery, reported under
+    // the class of `op` when there is one, else under `entry`.
+    void RunInBoundary(IDrawOp* op, const QString& entry, const std::function<void()>& body);
+    // Runs `body`; false with the failure's text when it raised.
+    static bool Attempt(const std::function<void()>& body, QString& failure);
+
     // Adds the faces or edges the picker reports for `occ` at levels 1 and 2 (the first hit, or
     // all of them for a rectangle).
     void AddPickedSubShapes(IVtkOCC_Shape* occ, IVtkTools_ShapePicker* picker, bool all);
@@ -230,9 +261,16 @@ private:
     // The common first step of a mouse event: the world point on the near clipping plane under
     // the event's position. The bottom row of the widget is display row 1, not 0.
     void EventToWorld(QMouseEvent* event, double world[3]);
-    int FlippedY(QMouseEvent* event) const;
+    // The event's position in VTK display coordinates (device pixels, from the bottom, the
+    // bottom row being 1): what EventToWorld and the status text use.
+    QPoint DisplayPosition(QMouseEvent* event) const;
     // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
     void FinishRedraw();
+    // Whether the last press and release make a rubber band: both coordinates moved, in
+    // MOUSE_OP_SELECT. Otherwise a release is a point pick.
+    bool IsRectRelease() const;
+    // The work of m_Slot_SetFaceAsWorkPlane, inside the failure boundary.
+    void SetFaceAsWorkPlane();
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
     void EnablePlane(const opencascade::handle<Geom_Plane>& plane, vtkActor* shown, const std::vector<gp_Pnt>& points);
 
@@ -288,6 +326,7 @@ private:
     std::string m_name;
     vis_Model* m_femModel;
     std::vector<opencascade::handle<IVtkOCC_Shape>> m_retiredShapes;
+    int m_boundaryDepth = 0;  // failure boundaries entered and not yet left
 };
 
 #endif

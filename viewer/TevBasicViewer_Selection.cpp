@@ -142,7 +142,7 @@ void TevBasicViewer::ProcessHighLightedObj()
     const std::vector<const TopoDS_Shape*>& list = SelectionMgr::GetInstance()->GetshapeList();
     const int n = static_cast<int>(list.size());
     if (n == 0) return;
-    emit m_signal_StatusBar(DrawerOutput::GetQStringFromChar("选中 %d 个对象", n));
+    emit m_signal_StatusBar(DrawerOutput::GetQStringFromUtf8("选中 %d 个对象", n));
     for (const TopoDS_Shape* shape : list) {
         auto actor = vtkSmartPointer<vtkActor>::New();
         InitAllHightActor(actor);
@@ -173,9 +173,9 @@ void TevBasicViewer::HighligtFirstObject()
     const int n = static_cast<int>(list.size());
     if (n == 0) return;
     if (n == 1)
-        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "点选：选中 1 个对象");
+        DrawerOutput::GetInstance()->EmitMessage(0, QString::fromUtf8("点选：选中 1 个对象"));
     else
-        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "点选：选中 %d 个对象，可按Tab切换", n);
+        DrawerOutput::GetInstance()->EmitMessage(0, DrawerOutput::GetQStringFromUtf8("点选：选中 %d 个对象，可按Tab切换", n));
     m_currentSelActor = vtkSmartPointer<vtkActor>::New();
     InitAllHightActor(m_currentSelActor);
     ShowHighlight(m_currentSelActor, list[0]);
@@ -190,13 +190,15 @@ void TevBasicViewer::SelectionUpdate()
 
 void TevBasicViewer::SelectionUpdate(QString name)
 {
-    for (auto& entry : m_shapeByName) {
-        if (QString::compare(entry.first, name, Qt::CaseSensitive) != 0) continue;
-        SelectionMgr::GetInstance()->AddToSelectionList(&entry.second->GetShape());
-        HighligtCurrentObject();
-    }
-    emit m_signal_SelChange("");
-    update();
+    RunGuarded("SelectionUpdate", [&] {
+        for (auto& entry : m_shapeByName) {
+            if (QString::compare(entry.first, name, Qt::CaseSensitive) != 0) continue;
+            SelectionMgr::GetInstance()->AddToSelectionList(&entry.second->GetShape());
+            HighligtCurrentObject();
+        }
+        emit m_signal_SelChange("");
+        update();
+    });
 }
 
 void TevBasicViewer::RemoveHighLihgt()
@@ -225,23 +227,29 @@ void TevBasicViewer::CheckLevelAction(QAction* checked)
 
 void TevBasicViewer::m_Slot_SetSelectionEdge()
 {
-    ApplySelectionModes({{SM_Solid, false}, {SM_Face, false}, {SM_Edge, true}});
-    m_selectLevel = 1;
-    CheckLevelAction(m_actionSelectEdge);
+    RunGuarded("SetSelectionEdge", [this] {
+        ApplySelectionModes({{SM_Solid, false}, {SM_Face, false}, {SM_Edge, true}});
+        m_selectLevel = 1;
+        CheckLevelAction(m_actionSelectEdge);
+    });
 }
 
 void TevBasicViewer::m_Slot_SetSelectionFace()
 {
-    ApplySelectionModes({{SM_CompSolid, false}, {SM_Solid, false}, {SM_Face, true}, {SM_Edge, false}});
-    m_selectLevel = 2;
-    CheckLevelAction(m_actionSelectFace);
+    RunGuarded("SetSelectionFace", [this] {
+        ApplySelectionModes({{SM_CompSolid, false}, {SM_Solid, false}, {SM_Face, true}, {SM_Edge, false}});
+        m_selectLevel = 2;
+        CheckLevelAction(m_actionSelectFace);
+    });
 }
 
 void TevBasicViewer::m_Slot_SetSelectionBody()
 {
-    ApplySelectionModes({{SM_Shape, true}, {SM_Face, false}, {SM_Edge, false}});
-    m_selectLevel = 3;
-    CheckLevelAction(m_actionSelectBody);
+    RunGuarded("SetSelectionBody", [this] {
+        ApplySelectionModes({{SM_Shape, true}, {SM_Face, false}, {SM_Edge, false}});
+        m_selectLevel = 3;
+        CheckLevelAction(m_actionSelectBody);
+    });
 }
 
 void TevBasicViewer::UpdateSelectionLevel()

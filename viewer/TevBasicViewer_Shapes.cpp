@@ -168,17 +168,23 @@ bool TevBasicViewer::GetShapeVisiblity(TopoDS_Shape* shape)
 
 void TevBasicViewer::m_Slot_DisplayByWireFrame()
 {
-    for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToWireframe();
+    RunGuarded("DisplayByWireFrame", [this] {
+        for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToWireframe();
+    });
 }
 
 void TevBasicViewer::m_Slot_DisplayBySurface()
 {
-    for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToSurface();
+    RunGuarded("DisplayBySurface", [this] {
+        for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToSurface();
+    });
 }
 
 void TevBasicViewer::m_Slot_DisplayByPoint()
 {
-    for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToPoints();
+    RunGuarded("DisplayByPoint", [this] {
+        for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToPoints();
+    });
 }
 
 void TevBasicViewer::RetireShapes()

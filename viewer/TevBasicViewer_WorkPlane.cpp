@@ -5,7 +5,6 @@
 // list stay those of the last principal plane.
 #include "TevBasicViewer.h"
 
-#include "DrawerOutput.h"
 #include "GeoGridDrawer.h"
 #include "SelectionMgr.h"
 
@@ -13,7 +12,6 @@
 #include <GeomLib_IsPlanarSurface.hxx>
 #include <Geom_Surface.hxx>
 #include <QMessageBox>
-#include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <gp_Vec.hxx>
@@ -92,6 +90,11 @@ void TevBasicViewer::EnableYZPlane()
 
 void TevBasicViewer::m_Slot_SetFaceAsWorkPlane()
 {
+    RunGuarded("Set Face as work plane", [this] { SetFaceAsWorkPlane(); });
+}
+
+void TevBasicViewer::SetFaceAsWorkPlane()
+{
     QMessageBox::information(nullptr, tr("Title"), tr("Set Face as work plane"));
     const std::vector<const TopoDS_Shape*> list = SelectionMgr::GetInstance()->GetshapeList();
     if (list.size() < 1) {
@@ -113,24 +116,18 @@ void TevBasicViewer::m_Slot_SetFaceAsWorkPlane()
     double u1, u2, v1, v2;
     surface->Bounds(u1, u2, v1, v2);
     // The plane comes from the surface's parametrisation at (0, 0), (1, 0), (0, 1), not from
-    // the face's orientation.
+    // the face's orientation. A surface that is degenerate at those parameters gives a zero
+    // vector, and normalising it raises: the current plane stays, as the plane is set last.
     const gp_Pnt p0 = surface->Value(0, 0);
     const gp_Pnt p1 = surface->Value(1, 0);
     const gp_Pnt p2 = surface->Value(0, 1);
-    try {
-        gp_Vec a(p0, p1), b(p0, p2);
-        a.Normalize();
-        b.Normalize();
-        gp_Vec n = a.Crossed(b);
-        n.Normalize();
-        m_facePlane = new Geom_Plane(p0, gp_Dir(n));
-        m_currentPlane = m_facePlane;
-    } catch (const Standard_Failure& failure) {
-        // A surface that is degenerate at those parameters gives no plane: the current plane
-        // stays, and the user is told instead of the program stopping.
-        DrawerOutput::GetInstance()->EmitMessage2MessageWidget(2, "Set Face as work plane : %s",
-                                                               failure.GetMessageString());
-    }
+    gp_Vec a(p0, p1), b(p0, p2);
+    a.Normalize();
+    b.Normalize();
+    gp_Vec n = a.Crossed(b);
+    n.Normalize();
+    m_facePlane = new Geom_Plane(p0, gp_Dir(n));
+    m_currentPlane = m_facePlane;
 }
 
 // Resets the camera of the window's first renderer, then places it at focal point + offset * d.

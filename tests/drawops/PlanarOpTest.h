@@ -5,6 +5,7 @@
 #define PLANAROPTEST_H
 
 #include "GuiTestSupport.h"
+#include "DrawOpTestPeer.h"
 #include "PolygonNumInputDlg.h"
 #include "PromptLog.h"
 #include "SelectionMgr.h"
@@ -68,7 +69,7 @@ protected:
 
     bool Shown(vtkActor* a) { return a && viewer->GetDefaultRender()->HasViewProp(a); }
     // Neither rubber band of `op` is left in the renderer.
-    bool NothingLeft(DrawOpCommon& op) { return !Shown(op.GetTempActor()) && !Shown(op.GetTempActor2()); }
+    bool NothingLeft(DrawOpCommon& op) { return !Shown(DrawOpTestPeer::TempActor(op)) && !Shown(DrawOpTestPeer::TempActor2(op)); }
     std::vector<TopoDS_Shape> All() { return ShapeLabelMgr::GetInstance()->GetAllShapes(); }
     IDrawOp* Current() { return DrawOpMgr::GetInstance()->GetCurrentOp(); }
 

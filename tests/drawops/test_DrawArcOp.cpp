@@ -1,6 +1,7 @@
 // The three-point arc operation driven by real mouse events: the arc through the third click,
 // its two rubber bands, the side of the chord the band takes, start-over and Escape.
 #include "DrawArcOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 
 #include <GeomAbs_CurveType.hxx>
@@ -35,10 +36,10 @@ TEST_F(DrawArcOpTest, ThreeClicksMakeTheArcThroughTheThirdClick)
     Start(&op);
     EXPECT_EQ(log.lines, (Lines{"Arc: Input first point on arc:"}));
     Move(gp_Pnt(-30, 0, 0));
-    EXPECT_EQ(op.GetTempActor(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);
     Click(gp_Pnt(-30, 0, 0));
     Move(gp_Pnt(30, 0, 0));
-    vtkActor* line = op.GetTempActor();
+    vtkActor* line = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(line));
     ExpectColour(line, 0.3, 0.0, 0.6);
     EXPECT_DOUBLE_EQ(line->GetProperty()->GetOpacity(), 0.8);
@@ -47,7 +48,7 @@ TEST_F(DrawArcOpTest, ThreeClicksMakeTheArcThroughTheThirdClick)
     EXPECT_EQ(log.lines, (Lines{"Arc: Input first point on arc:", "Arc: Input second point on arc:",
                                 "Arc: Input third point on arc:"}));
     Move(gp_Pnt(0, 10, 0));
-    vtkActor* arc = op.GetTempActor2();
+    vtkActor* arc = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(Shown(arc));
     ExpectColour(arc, 0.8, 0.0, 0.8);
     EXPECT_DOUBLE_EQ(arc->GetProperty()->GetOpacity(), 0.6);
@@ -102,12 +103,12 @@ TEST_F(DrawArcOpTest, TheBandBendsToTheSideOfTheCursor)
     // Above the chord and close to it: the obtuse angle at the cursor gives the short arc above.
     Move(gp_Pnt(0, 10, 0));
     double lo, hi;
-    YRange(op.GetTempActor2(), lo, hi);
+    YRange(DrawOpTestPeer::TempActor2(op), lo, hi);
     EXPECT_NEAR(lo, 0.0, 1e-4);
     EXPECT_NEAR(hi, 10.0, 1e-4);
     // Far below: the acute angle gives the long arc through the cursor, circle centre (0, -22.5).
     Move(gp_Pnt(0, -60, 0));
-    YRange(op.GetTempActor2(), lo, hi);
+    YRange(DrawOpTestPeer::TempActor2(op), lo, hi);
     EXPECT_NEAR(lo, -60.0, 1e-3);
     EXPECT_NEAR(hi, 0.0, 1e-4);
     Click(gp_Pnt(0, -60, 0));
@@ -123,14 +124,14 @@ TEST_F(DrawArcOpTest, TheCursorOnTheFirstPointRemovesTheLineAndTheNextMoveRestor
     Start(&op);
     Click(gp_Pnt(10, 10, 0));
     Move(gp_Pnt(40, 20, 0));
-    vtkActor* first = op.GetTempActor();
+    vtkActor* first = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(first));
     Move(gp_Pnt(10, 10, 0));
     EXPECT_FALSE(Shown(first));
-    EXPECT_FALSE(Shown(op.GetTempActor()));
+    EXPECT_FALSE(Shown(DrawOpTestPeer::TempActor(op)));
     Move(gp_Pnt(40, 30, 0));
-    EXPECT_TRUE(Shown(op.GetTempActor()));
-    EXPECT_NE(op.GetTempActor(), first);
+    EXPECT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
+    EXPECT_NE(DrawOpTestPeer::TempActor(op), first);
 }
 
 TEST_F(DrawArcOpTest, EscapeCancelsAndLeavesNothingBehind)
@@ -142,8 +143,8 @@ TEST_F(DrawArcOpTest, EscapeCancelsAndLeavesNothingBehind)
     Move(gp_Pnt(30, 0, 0));
     Click(gp_Pnt(30, 0, 0));
     Move(gp_Pnt(0, 20, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor()));
-    ASSERT_TRUE(Shown(op.GetTempActor2()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     log.Clear();
     Escape();
     EXPECT_EQ(log.lines, (Lines{"Arc : Cancel"}));

@@ -1,6 +1,7 @@
 // The centre-and-radius circle operation driven by real mouse events: the circle, the base's
 // red band around the centre, the radius threshold, start-over and Escape.
 #include "DrawCircleByCenterRadiusOp.h"
+#include "DrawOpTestPeer.h"
 #include "LineShapeParaCreator.h"
 #include "PlanarOpTest.h"
 
@@ -22,13 +23,13 @@ TEST_F(DrawCircleByCenterRadiusOpTest, CentreAndRimMakeTheCircle)
     Start(&op);
     EXPECT_EQ(log.lines, (Lines{"Circle : Input center point"}));
     Move(gp_Pnt(10, 20, 0));
-    EXPECT_EQ(op.GetTempActor2(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor2(op), nullptr);
     Click(gp_Pnt(10, 20, 0));
     EXPECT_EQ(log.lines, (Lines{"Circle : Input center point", "Circle : Input point on Circle"}));
     Move(gp_Pnt(40, 60, 0));
-    vtkActor* band = op.GetTempActor2();
+    vtkActor* band = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(Shown(band));
-    EXPECT_EQ(op.GetTempActor(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);
     ExpectColour(band, 1.0, 0.2, 0.2);
     EXPECT_DOUBLE_EQ(band->GetProperty()->GetOpacity(), 0.6);
     EXPECT_DOUBLE_EQ(band->GetProperty()->GetLineWidth(), 1.0);
@@ -97,7 +98,7 @@ TEST_F(DrawCircleByCenterRadiusOpTest, EscapeCancelsAndLeavesNothingBehind)
     Start(&op);
     Click(gp_Pnt(0, 0, 0));
     Move(gp_Pnt(30, 0, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor2()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     log.Clear();
     Escape();
     EXPECT_EQ(log.lines, (Lines{"Circle : Cancel"}));

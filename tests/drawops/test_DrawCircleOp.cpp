@@ -1,6 +1,7 @@
 // The three-point circle operation driven by real mouse events: the circle through the three
 // clicks, its bands (the base's line, then the arc), start-over and Escape.
 #include "DrawCircleOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 
 #include <GeomAbs_CurveType.hxx>
@@ -20,13 +21,13 @@ TEST_F(DrawCircleOpTest, ThreeClicksMakeTheCircleThroughThem)
     EXPECT_EQ(log.lines, (Lines{"Circle : Input first point on cirlce"}));
     Click(gp_Pnt(-30, 0, 0));
     Move(gp_Pnt(30, 0, 0));
-    vtkActor* line = op.GetTempActor();
+    vtkActor* line = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(line));
     ExpectColour(line, 1.0, 0.2, 0.2);
     EXPECT_DOUBLE_EQ(line->GetProperty()->GetOpacity(), 0.8);
     Click(gp_Pnt(30, 0, 0));
     Move(gp_Pnt(0, 10, 0));
-    vtkActor* arc = op.GetTempActor2();
+    vtkActor* arc = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(Shown(arc));
     // The band of a circle is the arc the third point closes, in the arc operation's violet.
     ExpectColour(arc, 0.8, 0.0, 0.8);
@@ -70,11 +71,11 @@ TEST_F(DrawCircleOpTest, TheCursorOnTheFirstPointRemovesTheLine)
     Start(&op);
     Click(gp_Pnt(10, 10, 0));
     Move(gp_Pnt(40, 20, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
     Move(gp_Pnt(10, 10, 0));
-    EXPECT_FALSE(Shown(op.GetTempActor()));
+    EXPECT_FALSE(Shown(DrawOpTestPeer::TempActor(op)));
     Move(gp_Pnt(40, 30, 0));
-    EXPECT_TRUE(Shown(op.GetTempActor()));
+    EXPECT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
 }
 
 TEST_F(DrawCircleOpTest, EscapeCancelsAndLeavesNothingBehind)
@@ -86,7 +87,7 @@ TEST_F(DrawCircleOpTest, EscapeCancelsAndLeavesNothingBehind)
     Move(gp_Pnt(30, 0, 0));
     Click(gp_Pnt(30, 0, 0));
     Move(gp_Pnt(0, 20, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor2()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     log.Clear();
     Escape();
     EXPECT_EQ(log.lines, (Lines{"Circle : Cancel"}));

@@ -2,6 +2,7 @@
 // band through the cursor, the longer semi-axis first, the repeated last step, and Escape
 // without a prompt.
 #include "DrawEllipseOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 
 #include <GeomAbs_CurveType.hxx>
@@ -38,13 +39,13 @@ TEST_F(DrawEllipseOpTest, CentreAndTwoAxisPointsMakeTheEllipseAndEachFurtherClic
     EXPECT_EQ(log.lines, (Lines{"Ellipse : Input center point of ellipse", "Ellipse : Input first axis point"}));
     // Between the centre and the first axis point nothing follows the mouse.
     Move(gp_Pnt(20, 0, 0));
-    EXPECT_EQ(op.GetTempActor(), nullptr);
-    EXPECT_EQ(op.GetTempActor2(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor2(op), nullptr);
     Click(gp_Pnt(20, 0, 0));
     EXPECT_EQ(log.lines, (Lines{"Ellipse : Input center point of ellipse", "Ellipse : Input first axis point",
                                 "Ellipse : Input second axis point"}));
     Move(gp_Pnt(0, 10, 0));
-    vtkActor* band = op.GetTempActor2();
+    vtkActor* band = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(Shown(band));
     // Drawn by the shape tool, in its colour and width.
     ExpectColour(band, 0.8, 0.0, 0.8);
@@ -67,7 +68,7 @@ TEST_F(DrawEllipseOpTest, CentreAndTwoAxisPointsMakeTheEllipseAndEachFurtherClic
     // The flags stay set: the cursor shows the next ellipse on the same centre and first axis.
     // Farther from the first axis than that axis is long, the cursor is the major-axis point.
     Move(gp_Pnt(0, 30, 0));
-    vtkActor* next = op.GetTempActor2();
+    vtkActor* next = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(Shown(next));
     Data(next)->GetBounds(b);
     EXPECT_NEAR(b[0], -20, 0.05);
@@ -91,7 +92,7 @@ TEST_F(DrawEllipseOpTest, AFirstAxisPointOnTheCentreShowsNoBand)
     Click(gp_Pnt(10, 10, 0));
     Move(gp_Pnt(30, 40, 0));
     // The shape tool receives a null shape: an actor without anything to draw.
-    vtkActor* band = op.GetTempActor2();
+    vtkActor* band = DrawOpTestPeer::TempActor2(op);
     ASSERT_NE(band, nullptr);
     EXPECT_EQ(Data(band)->GetNumberOfPoints(), 0);
     log.Clear();
@@ -109,7 +110,7 @@ TEST_F(DrawEllipseOpTest, EscapePrintsNothingAndLeavesNothingBehind)
     Click(gp_Pnt(0, 0, 0));
     Click(gp_Pnt(30, 0, 0));
     Move(gp_Pnt(0, 10, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor2()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor2(op)));
     tevtest::PromptLog log;
     Escape();
     EXPECT_TRUE(log.lines.empty());

@@ -2,6 +2,7 @@
 // planes and on a face made the work plane; the closed polyline; the picking child.
 #include "BoxShapeParaCreator.h"
 #include "DrawLineOp.h"
+#include "DrawOpTestPeer.h"
 #include "GuiTestSupport.h"
 #include "PickPointGeneral.h"
 #include "PromptLog.h"
@@ -9,6 +10,7 @@
 #include "SelectionMgr.h"
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
+#include "TevBasicViewerTestPeer.h"
 #include "TevPreference.h"
 #include "ViewerFixture.h"
 #include "ViewerPixels.h"
@@ -68,9 +70,9 @@ protected:
         Start(&op);
         Click(a);
         Move(b);
-        ASSERT_TRUE(Shown(op.GetTempActor()));
+        ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
         Click(b);
-        EXPECT_FALSE(Shown(op.GetTempActor()));
+        EXPECT_FALSE(Shown(DrawOpTestPeer::TempActor(op)));
         ASSERT_EQ(All().size(), 1u);
         ASSERT_EQ(All()[0].ShapeType(), TopAbs_EDGE);
         gp_Pnt p, q;
@@ -87,11 +89,11 @@ TEST_F(DrawLineOpTest, TwoClicksOnGridPointsInTheXYViewMakeThatEdge)
     Start(&op);
     EXPECT_EQ(log.lines, (Lines{"Line : Input start point"}));
     Move(gp_Pnt(-20, 30, 0));
-    EXPECT_EQ(op.GetTempActor(), nullptr);  // no band before the first point
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);  // no band before the first point
     Click(gp_Pnt(-20, 30, 0));
     EXPECT_EQ(log.lines, (Lines{"Line : Input start point", "Line : Input end point"}));
     Move(gp_Pnt(40, -10, 0));
-    vtkActor* band = op.GetTempActor();
+    vtkActor* band = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(band));
     EXPECT_DOUBLE_EQ(band->GetProperty()->GetOpacity(), 0.8);
     Click(gp_Pnt(40, -10, 0));
@@ -105,9 +107,9 @@ TEST_F(DrawLineOpTest, TwoClicksOnGridPointsInTheXYViewMakeThatEdge)
     EXPECT_TRUE(p.IsEqual(gp_Pnt(-20, 30, 0), 0));
     EXPECT_TRUE(q.IsEqual(gp_Pnt(40, -10, 0), 0));
     // The picture shows it, and the operation waits for the next line.
-    EXPECT_EQ(viewer->GetActorByShape().size(), 1u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 1u);
     EXPECT_EQ(DrawOpMgr::GetInstance()->GetCurrentOp(), &op);
-    EXPECT_FALSE(op.IsStartTaken());
+    EXPECT_FALSE(DrawOpTestPeer::IsStartTaken(op));
     EXPECT_TRUE(op.IsActionFinished());
     EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), 1);
 }
@@ -211,7 +213,7 @@ TEST_F(DrawLineOpTest, EscapeCancelsAndLeavesNothingBehind)
     Start(&op);
     Click(gp_Pnt(0, 0, 0));
     Move(gp_Pnt(30, 20, 0));
-    vtkActor* band = op.GetTempActor();
+    vtkActor* band = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(band));
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
     EXPECT_EQ(log.lines.back(), "Line : Cancel");
@@ -227,7 +229,7 @@ TEST_F(DrawLineOpTest, AClickDuringTheOperationStillSelects)
     DrawLineOp op;
     Start(&op);
     Click(gp_Pnt(10, 10, 0));
-    EXPECT_TRUE(op.IsStartTaken());
+    EXPECT_TRUE(DrawOpTestPeer::IsStartTaken(op));
     ASSERT_EQ(SelectionMgr::GetInstance()->GetshapeList().size(), 1u);
     EXPECT_EQ(SelectionMgr::GetInstance()->GetshapeList()[0]->ShapeType(), TopAbs_SOLID);
 }
@@ -260,7 +262,7 @@ TEST_F(DrawLineOpTest, PolylineOfTwoAndOfThreePoints)
     Ends(all[2], p, q);
     EXPECT_TRUE(p.IsEqual(gp_Pnt(10, 10, 0), 0));
     EXPECT_TRUE(q.IsEqual(gp_Pnt(0, 0, 0), 0));
-    EXPECT_EQ(viewer->GetActorByShape().size(), 3u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 3u);
     // One transaction for the whole polyline.
     EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), 1);
     // Repeated points make no segment.

@@ -2,10 +2,12 @@
 // prompt path.
 #include "BoxShapeParaCreator.h"
 #include "DrawerOutput.h"
-#include "ShapeDocMgr.h"
-#include "ShapeLabelMgr.h"
+#include "DrawOpTestPeer.h"
 #include "GuiTestSupport.h"
 #include "RecordingOp.h"
+#include "ShapeDocMgr.h"
+#include "ShapeLabelMgr.h"
+#include "TevBasicViewerTestPeer.h"
 #include "ViewerFixture.h"
 
 #include <QSignalSpy>
@@ -44,8 +46,8 @@ TEST_F(DrawOpCommonTest, DefaultsOfANewOperation)
     EXPECT_FALSE(op.IsActionFinished());
     EXPECT_TRUE(op.GetPointList().empty());
     EXPECT_TRUE(op.GetStatusString().isEmpty());
-    EXPECT_EQ(op.GetTempActor(), nullptr);
-    EXPECT_EQ(op.GetTempActor2(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor2(op), nullptr);
     double p[3] = {0, 0, 0};
     EXPECT_FALSE(op.LButtonDown(viewer.get(), p));
     EXPECT_FALSE(op.LButtonUp(viewer.get(), p));
@@ -67,7 +69,7 @@ TEST_F(DrawOpCommonTest, TempLineIsOneRedWireframeCell)
     RecordingOp op;
     double a[3] = {0, 0, 0}, b[3] = {10, 5, 0};
     op.ShowLine(viewer.get(), a, b);
-    vtkActor* actor = op.GetTempActor();
+    vtkActor* actor = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(InRenderer(viewer.get(), actor));
     vtkDataSet* data = InputOf(actor);
     ASSERT_EQ(data->GetNumberOfPoints(), 2);
@@ -85,7 +87,7 @@ TEST_F(DrawOpCommonTest, TempLineIsOneRedWireframeCell)
     double c[3] = {0, 10, 0};
     op.ShowLine(viewer.get(), a, c);
     EXPECT_FALSE(InRenderer(viewer.get(), actor));
-    EXPECT_TRUE(InRenderer(viewer.get(), op.GetTempActor()));
+    EXPECT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
 }
 
 TEST_F(DrawOpCommonTest, TempLineOfZeroLengthRemovesTheOldOneAndShowsNone)
@@ -93,10 +95,10 @@ TEST_F(DrawOpCommonTest, TempLineOfZeroLengthRemovesTheOldOneAndShowsNone)
     RecordingOp op;
     double a[3] = {1, 1, 0}, b[3] = {4, 1, 0};
     op.ShowLine(viewer.get(), a, b);
-    vtkActor* old = op.GetTempActor();
+    vtkActor* old = DrawOpTestPeer::TempActor(op);
     op.ShowLine(viewer.get(), a, a);
     EXPECT_FALSE(InRenderer(viewer.get(), old));
-    EXPECT_EQ(op.GetTempActor(), old);  // the field keeps the old actor
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), old);  // the field keeps the old actor
 }
 
 TEST_F(DrawOpCommonTest, TempTriangleTestsOnlyTheFirstTwoPoints)
@@ -104,15 +106,15 @@ TEST_F(DrawOpCommonTest, TempTriangleTestsOnlyTheFirstTwoPoints)
     RecordingOp op;
     double a[3] = {0, 0, 0}, b[3] = {4, 0, 0}, c[3] = {0, 3, 0};
     op.ShowTriangle(viewer.get(), a, b, c);
-    ASSERT_TRUE(InRenderer(viewer.get(), op.GetTempActor()));
-    vtkDataSet* data = InputOf(op.GetTempActor());
+    ASSERT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
+    vtkDataSet* data = InputOf(DrawOpTestPeer::TempActor(op));
     EXPECT_EQ(data->GetCellType(0), VTK_TRIANGLE);
     EXPECT_EQ(data->GetNumberOfPoints(), 3);
     // p1 == p3 is drawn; p1 == p2 is not.
     op.ShowTriangle(viewer.get(), a, b, a);
-    EXPECT_TRUE(InRenderer(viewer.get(), op.GetTempActor()));
+    EXPECT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
     op.ShowTriangle(viewer.get(), a, a, c);
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor()));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
 }
 
 TEST_F(DrawOpCommonTest, TempCircleIsAFullCircleThroughTheRim)
@@ -123,7 +125,7 @@ TEST_F(DrawOpCommonTest, TempCircleIsAFullCircleThroughTheRim)
     QObject::connect(viewer.get(), &TevBasicViewer::m_signal_ViewerUpdated, [&updates] { ++updates; });
     op.ShowCircle(viewer.get(), center, rim);
     EXPECT_EQ(updates, 1);  // the circle redraws through UpdateViewer
-    vtkActor* actor = op.GetTempActor2();
+    vtkActor* actor = DrawOpTestPeer::TempActor2(op);
     ASSERT_TRUE(InRenderer(viewer.get(), actor));
     vtkDataSet* data = InputOf(actor);
     ASSERT_EQ(data->GetNumberOfPoints(), 65);  // resolution 64
@@ -144,16 +146,16 @@ TEST_F(DrawOpCommonTest, FinishAndCancelRemoveBothTempActors)
     op.ShowLine(viewer.get(), a, b);
     op.ShowCircle(viewer.get(), a, b);
     op.DrawOpCommon::FinishCurrentOp(viewer.get());
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor()));
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor2()));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor2(op)));
 
     DrawOpCommon plain;
     DrawOpMgr::GetInstance()->StartOp(&plain, viewer.get());
     op.ShowLine(viewer.get(), a, b);
     op.ShowCircle(viewer.get(), a, b);
     op.DrawOpCommon::ActionCancelled(viewer.get());
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor()));
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor2()));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor2(op)));
 }
 
 TEST_F(DrawOpCommonTest, MoveExactlyOnTheFirstPointShowsNoRubberBand)
@@ -164,16 +166,16 @@ TEST_F(DrawOpCommonTest, MoveExactlyOnTheFirstPointShowsNoRubberBand)
     const QPoint first(200, 200);
     QTest::mouseClick(viewer.get(), Qt::LeftButton, Qt::NoModifier, first);
     tevtest::MouseMove(viewer.get(), QPoint(300, 260));
-    vtkActor* band = op.GetTempActor();
+    vtkActor* band = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(InRenderer(viewer.get(), band));
     tevtest::MouseMove(viewer.get(), first);
     EXPECT_FALSE(InRenderer(viewer.get(), band));
-    EXPECT_EQ(op.GetTempActor(), band);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), band);
     // Escape takes everything away.
     tevtest::MouseMove(viewer.get(), QPoint(320, 100));
-    ASSERT_TRUE(InRenderer(viewer.get(), op.GetTempActor()));
+    ASSERT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
-    EXPECT_FALSE(InRenderer(viewer.get(), op.GetTempActor()));
+    EXPECT_FALSE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(op)));
     EXPECT_EQ(DrawOpMgr::GetInstance()->GetCurrentOp(), nullptr);
 }
 
@@ -189,7 +191,7 @@ TEST_F(DrawOpCommonTest, CreationBracketIsOneUndoStepAndRefreshesThePicture)
     });
     EXPECT_FALSE(doc->HasOpenTransaction());
     EXPECT_EQ(ShapeLabelMgr::GetInstance()->GetAllShapes().size(), 2u);
-    EXPECT_EQ(viewer->GetActorByShape().size(), 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 2u);
     EXPECT_EQ(updated.count(), 1);
     EXPECT_EQ(doc->GetAvailableUndos(), 1);
     ASSERT_TRUE(doc->Undo());

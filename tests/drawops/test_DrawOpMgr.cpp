@@ -1,6 +1,7 @@
 // The operation stack on a real viewer: starting, ending, cancelling, finish-and-pop, and the
 // routing of mouse events.
 #include "DrawOpMgr.h"
+#include "DrawOpTestPeer.h"
 #include "RecordingOp.h"
 #include "ViewerFixture.h"
 
@@ -31,7 +32,7 @@ TEST_F(DrawOpMgrTest, SingletonAndEmptyStack)
     EXPECT_EQ(mgr, DrawOpMgr::GetInstance());
     EXPECT_EQ(mgr->GetCurrentOp(), nullptr);
     EXPECT_FALSE(mgr->ProcessMouseEvent(viewer.get(), DrawOpMgr::EnLButtonUp, pt));
-    EXPECT_TRUE(mgr->GetOpStack().empty());
+    EXPECT_TRUE(DrawOpTestPeer::OpStack(*mgr).empty());
 }
 
 TEST_F(DrawOpMgrTest, DispatchesEachTypeToItsEntry)
@@ -67,13 +68,13 @@ TEST_F(DrawOpMgrTest, StartOpDropsTheRunningOperationSilently)
     mgr->StartOp(&first, viewer.get());
     double a[3] = {0, 0, 0}, b[3] = {10, 0, 0};
     first.ShowLine(viewer.get(), a, b);
-    ASSERT_TRUE(InRenderer(viewer.get(), first.GetTempActor()));
+    ASSERT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(first)));
     mgr->StartOp(&second, viewer.get());
     EXPECT_EQ(first.Names(), (Names{"InitAction"}));  // no ActionCancelled, no FinishCurrentOp
-    EXPECT_TRUE(InRenderer(viewer.get(), first.GetTempActor()));
+    EXPECT_TRUE(InRenderer(viewer.get(), DrawOpTestPeer::TempActor(first)));
     EXPECT_EQ(mgr->GetCurrentOp(), &second);
-    EXPECT_EQ(mgr->GetOpStack().size(), 1u);
-    viewer->RemoveTempRenderActor(first.GetTempActor());
+    EXPECT_EQ(DrawOpTestPeer::OpStack(*mgr).size(), 1u);
+    viewer->RemoveTempRenderActor(DrawOpTestPeer::TempActor(first));
 }
 
 TEST_F(DrawOpMgrTest, EscapeOnTheOnlyOperation)

@@ -1,6 +1,7 @@
 // The rectangle operation driven by real mouse events: two corners, the thick red band, signed
 // sides, the z of the first corner on a tilted work plane, start-over and Escape.
 #include "DrawRectangleOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 #include "TriangleFaceShapeParaCreator.h"
 
@@ -29,11 +30,11 @@ TEST_F(DrawRectangleOpTest, TwoCornersMakeTheRectangle)
     Start(&op);
     EXPECT_EQ(log.lines, (Lines{"Rectangle : Input first corner point:"}));
     Move(gp_Pnt(-20, -10, 0));
-    EXPECT_EQ(op.GetTempActor(), nullptr);
+    EXPECT_EQ(DrawOpTestPeer::TempActor(op), nullptr);
     Click(gp_Pnt(-20, -10, 0));
     EXPECT_EQ(log.lines, (Lines{"Rectangle : Input first corner point:", "Rectangle : Input second corner point:"}));
     Move(gp_Pnt(30, 20, 0));
-    vtkActor* band = op.GetTempActor();
+    vtkActor* band = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(band));
     ExpectColour(band, 1.0, 0.2, 0.2);
     EXPECT_DOUBLE_EQ(band->GetProperty()->GetOpacity(), 0.8);
@@ -84,7 +85,7 @@ TEST_F(DrawRectangleOpTest, DraggedTowardsNegativeXTheCreatorGetsANegativeWidth)
     Start(&op);
     Click(gp_Pnt(30, 20, 0));
     Move(gp_Pnt(-20, 40, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
     Click(gp_Pnt(-20, 40, 0));
     ASSERT_EQ(All().size(), 1u);
     EXPECT_DOUBLE_EQ(Side(All()[0], "DX"), -50.0);
@@ -117,7 +118,7 @@ TEST_F(DrawRectangleOpTest, OnATiltedWorkPlaneTheZDifferenceIsLost)
     Start(&op);
     Click(gp_Pnt(10, 10, 5));
     Move(gp_Pnt(40, 50, 25));
-    vtkDataSet* data = Data(op.GetTempActor());
+    vtkDataSet* data = Data(DrawOpTestPeer::TempActor(op));
     ASSERT_EQ(data->GetNumberOfPoints(), 4);
     const double z0 = data->GetPoint(0)[2];
     const double pixel = 1.5 * 2.0 * viewer->GetDefaultRender()->GetActiveCamera()->GetParallelScale() / viewer->height();
@@ -144,7 +145,7 @@ TEST_F(DrawRectangleOpTest, EscapeCancelsAndLeavesNothingBehind)
     Start(&op);
     Click(gp_Pnt(0, 0, 0));
     Move(gp_Pnt(20, 20, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
     log.Clear();
     Escape();
     EXPECT_EQ(log.lines, (Lines{"Rectangle : Cancel"}));

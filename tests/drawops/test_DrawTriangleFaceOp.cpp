@@ -1,6 +1,7 @@
 // The triangle face operation driven by real mouse events: three points, the red line and
 // triangle bands, the face, its deaf state after the face, coinciding points and Escape.
 #include "DrawTriangleFaceOp.h"
+#include "DrawOpTestPeer.h"
 #include "PlanarOpTest.h"
 
 using tevtest::Lines;
@@ -17,13 +18,13 @@ TEST_F(DrawTriangleFaceOpTest, ThreeClicksMakeTheFaceThenNothingReactsUntilEscap
     EXPECT_EQ(log.lines, (Lines{"Triangle : Input First point"}));
     Click(gp_Pnt(0, 0, 0));
     Move(gp_Pnt(40, 0, 0));
-    vtkActor* line = op.GetTempActor();
+    vtkActor* line = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(line));
     ExpectColour(line, 1.0, 0.2, 0.2);
     EXPECT_EQ(Data(line)->GetNumberOfPoints(), 2);
     Click(gp_Pnt(40, 0, 0));
     Move(gp_Pnt(0, 30, 0));
-    vtkActor* triangle = op.GetTempActor();
+    vtkActor* triangle = DrawOpTestPeer::TempActor(op);
     ASSERT_TRUE(Shown(triangle));
     EXPECT_FALSE(Shown(line));
     ExpectColour(triangle, 1.0, 0.2, 0.2);
@@ -89,7 +90,7 @@ TEST_F(DrawTriangleFaceOpTest, EscapeCancelsAndLeavesNothingBehind)
     Click(gp_Pnt(0, 0, 0));
     Click(gp_Pnt(40, 0, 0));
     Move(gp_Pnt(0, 30, 0));
-    ASSERT_TRUE(Shown(op.GetTempActor()));
+    ASSERT_TRUE(Shown(DrawOpTestPeer::TempActor(op)));
     log.Clear();
     Escape();
     EXPECT_EQ(log.lines, (Lines{"Triangle : Cancel"}));

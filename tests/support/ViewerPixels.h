@@ -14,14 +14,17 @@
 
 namespace tevtest {
 
-// VTK display rows count from 0 at the bottom; Qt rows from 0 at the top.
+// VTK display rows count from 0 at the bottom, in device pixels; Qt rows from 0 at the top, in
+// the widget's own (device-independent) pixels.
 inline QPoint WorldToWidget(TevBasicViewer* viewer, const gp_Pnt& p)
 {
     auto coord = vtkSmartPointer<vtkCoordinate>::New();
     coord->SetCoordinateSystemToWorld();
     coord->SetValue(p.X(), p.Y(), p.Z());
     const double* d = coord->GetComputedDoubleDisplayValue(viewer->GetDefaultRender());
-    return QPoint(static_cast<int>(std::lround(d[0])), viewer->height() - 1 - static_cast<int>(std::lround(d[1])));
+    const double r = viewer->devicePixelRatioF();
+    return QPoint(static_cast<int>(std::lround(d[0] / r)),
+                  static_cast<int>(std::lround((viewer->height() * r - 1 - d[1]) / r)));
 }
 
 }  // namespace tevtest

@@ -1,12 +1,13 @@
 // Selection on a shown viewer with boxes made by the real creator: point picks at each level,
 // Ctrl, overlapping solids, the Tab cursor, the rubber band and the highlight actors.
 #include "BoxShapeParaCreator.h"
-#include "TriangleFaceShapeParaCreator.h"
 #include "DrawOpCommon.h"
 #include "GuiTestSupport.h"
 #include "SelectionMgr.h"
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
+#include "TevBasicViewerTestPeer.h"
+#include "TriangleFaceShapeParaCreator.h"
 #include "ViewerFixture.h"
 #include "ViewerPixels.h"
 
@@ -17,6 +18,7 @@
 #include <IVtkOCC_Shape.hxx>
 #include <IVtkTools_ShapePicker.hxx>
 #include <QSignalSpy>
+#include <QTextCodec>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <TopExp.hxx>
 #include <TopoDS.hxx>
@@ -102,12 +104,40 @@ TEST_F(SelectionTest, ClickOnABoxAtBodyLevelSelectsThatShape)
     EXPECT_EQ(sel.count(), 2);  // the clear, then the added shape
     ASSERT_GE(status.count(), 1);
     EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 1 个对象"));
-    ASSERT_EQ(viewer->GetSelectionActors().size(), 1u);
-    vtkActor* hl = viewer->GetSelectionActors()[0];
+    ASSERT_EQ(TevBasicViewerTestPeer::SelectionActors(*viewer).size(), 1u);
+    vtkActor* hl = TevBasicViewerTestPeer::SelectionActors(*viewer)[0];
     EXPECT_TRUE(RenderedHas(hl));
     EXPECT_DOUBLE_EQ(hl->GetProperty()->GetOpacity(), 0.5);
     EXPECT_DOUBLE_EQ(hl->GetProperty()->GetColor()[2], 0.4);
     EXPECT_FALSE(hl->GetPickable());
+}
+
+// The count text is built from UTF-8, so it reads the same whatever the process's locale is. The
+// test runs once more in a process started with LANG=C and no codec set (tests/viewer/CMakeLists),
+// and its second half gives the process a Latin-1 locale codec, under which reading the text as
+// local 8-bit would garble it.
+TEST_F(SelectionTest, TheCountTextReadsTheSameInAnyLocale)
+{
+    Box(0, 0, 0, 10, 10, 10);
+    Box(30, 0, 0, 10, 10, 10);
+    Show();
+    QSignalSpy status(viewer.get(), &TevBasicViewer::m_signal_StatusBar);
+    Click(gp_Pnt(5, 5, 10));
+    ASSERT_EQ(Sel().size(), 1u);
+    ASSERT_GE(status.count(), 1);
+    EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 1 个对象"));
+
+    QTextCodec* before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    // The precondition that makes this half mean something: local 8-bit reading now differs.
+    EXPECT_NE(QString::fromLocal8Bit("选中"), QString::fromUtf8("选中"));
+    // Ctrl adds the second box: the count follows.
+    HoldCtrl(true);
+    Click(gp_Pnt(35, 5, 10), Qt::ControlModifier);
+    HoldCtrl(false);
+    QTextCodec::setCodecForLocale(before);
+    ASSERT_EQ(Sel().size(), 2u);
+    EXPECT_EQ(status.back().at(0).toString(), QString::fromUtf8("选中 2 个对象"));
 }
 
 TEST_F(SelectionTest, FaceLevelTakesTheFaceUnderTheCursor)
@@ -115,7 +145,7 @@ TEST_F(SelectionTest, FaceLevelTakesTheFaceUnderTheCursor)
     Box(0, 0, 0, 10, 10, 10);
     Show();
     viewer->m_Slot_SetSelectionFace();
-    EXPECT_EQ(viewer->GetSelectLevel(), 2);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectLevel(*viewer), 2);
     Click(gp_Pnt(3, 7, 10));
     ASSERT_EQ(Sel().size(), 1u);
     ASSERT_EQ(Sel()[0]->ShapeType(), TopAbs_FACE);
@@ -134,7 +164,7 @@ TEST_F(SelectionTest, EdgeLevelTakesAnEdge)
     Box(0, 0, 0, 10, 10, 10);
     Show();
     viewer->m_Slot_SetSelectionEdge();
-    EXPECT_EQ(viewer->GetSelectLevel(), 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectLevel(*viewer), 1);
     Click(gp_Pnt(5, 10, 10));  // on the top edge y = 10
     ASSERT_GE(Sel().size(), 1u);
     for (const TopoDS_Shape* s : Sel()) {
@@ -174,8 +204,8 @@ TEST_F(SelectionTest, EmptySpaceClearsWithoutCtrlAndChangesNothingWithIt)
     Show();
     Click(gp_Pnt(5, 5, 10));
     ASSERT_EQ(Sel().size(), 1u);
-    ASSERT_EQ(viewer->GetSelectionActors().size(), 1u);
-    vtkActor* hl = viewer->GetSelectionActors()[0];
+    ASSERT_EQ(TevBasicViewerTestPeer::SelectionActors(*viewer).size(), 1u);
+    vtkActor* hl = TevBasicViewerTestPeer::SelectionActors(*viewer)[0];
     HoldCtrl(true);
     Click(gp_Pnt(20, 30, 10));
     EXPECT_EQ(Sel().size(), 1u);
@@ -202,7 +232,7 @@ TEST_F(SelectionTest, CtrlAddsAndASecondClickDoesNotRemove)
     EXPECT_TRUE(Sel()[0]->IsSame(All()[0]));
     EXPECT_TRUE(Sel()[1]->IsSame(All()[1]));
     // The second display of two shapes: the highlight vector grows until RemoveHighLihgt.
-    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u + 2u + 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectionActors(*viewer).size(), 1u + 2u + 2u);
 }
 
 TEST_F(SelectionTest, TwoOverlappingSolidsUnderOneClickAreBothSelectedAndTabCycles)
@@ -212,17 +242,17 @@ TEST_F(SelectionTest, TwoOverlappingSolidsUnderOneClickAreBothSelectedAndTabCycl
     Show();
     Click(gp_Pnt(7, 7, 10));
     ASSERT_EQ(Sel().size(), 2u);
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 0);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 0);
     QTest::keyClick(viewer.get(), Qt::Key_Tab);
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
-    vtkActor* first = viewer->GetCurrentSelActor();
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 1);
+    vtkActor* first = TevBasicViewerTestPeer::CurrentSelActor(*viewer);
     EXPECT_TRUE(RenderedHas(first));
     QTest::keyClick(viewer.get(), Qt::Key_Tab);
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 2);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 2);
     EXPECT_FALSE(RenderedHas(first));
-    EXPECT_TRUE(RenderedHas(viewer->GetCurrentSelActor()));
+    EXPECT_TRUE(RenderedHas(TevBasicViewerTestPeer::CurrentSelActor(*viewer)));
     QTest::keyClick(viewer.get(), Qt::Key_Tab);
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 1);
 }
 
 TEST_F(SelectionTest, TabWithAnEmptyListOnlyRemovesTheCursorActor)
@@ -231,13 +261,13 @@ TEST_F(SelectionTest, TabWithAnEmptyListOnlyRemovesTheCursorActor)
     Show();
     Click(gp_Pnt(5, 5, 10));
     QTest::keyClick(viewer.get(), Qt::Key_Tab);
-    vtkActor* cursor = viewer->GetCurrentSelActor();
+    vtkActor* cursor = TevBasicViewerTestPeer::CurrentSelActor(*viewer);
     ASSERT_TRUE(RenderedHas(cursor));
     SelectionMgr::GetInstance()->ClearSelList();
     QTest::keyClick(viewer.get(), Qt::Key_Tab);
     EXPECT_FALSE(RenderedHas(cursor));
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
-    EXPECT_EQ(viewer->GetCurrentSelActor(), cursor);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelActor(*viewer), cursor);
 }
 
 TEST_F(SelectionTest, RubberBandAroundTwoOfThreeSelectsExactlyThose)
@@ -252,7 +282,7 @@ TEST_F(SelectionTest, RubberBandAroundTwoOfThreeSelectsExactlyThose)
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, a);
     tevtest::MouseMove(viewer.get(), b, Qt::LeftButton);
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, b);
-    ASSERT_TRUE(viewer->IsRectRelease());
+    ASSERT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     // Pickers are visited in the order of their map's keys, so the two come in either order.
     ASSERT_EQ(Sel().size(), 2u);
     EXPECT_TRUE(Holds(All()[0]));
@@ -282,14 +312,14 @@ TEST_F(SelectionTest, AStraightDragIsAPointPickAtTheRelease)
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, from);
     tevtest::MouseMove(viewer.get(), to, Qt::LeftButton);
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, to);
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     ASSERT_EQ(Sel().size(), 1u);
     EXPECT_TRUE(Sel()[0]->IsSame(All()[1]));
     // The same drag with a vertical component is a band, which holds neither box whole.
     const QPoint below(to.x(), to.y() + 3);
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, from);
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, below);
-    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     EXPECT_TRUE(Sel().empty());
 }
 
@@ -298,13 +328,13 @@ TEST_F(SelectionTest, LevelSlotsSetThePickerModesAndARebuildTurnsAllThreeOnAgain
     Box(0, 0, 0, 10, 10, 10);
     Show();
     auto modesOf = [this]() {
-        const auto& entry = *viewer->GetPickerByShape().begin();
+        const auto& entry = *TevBasicViewerTestPeer::PickerByShape(*viewer).begin();
         IVtk_SelectionModeList list = entry.second->GetSelectionModes(opencascade::handle<IVtk_IShape>(entry.first));
         std::vector<int> modes(list.begin(), list.end());
         std::sort(modes.begin(), modes.end());
         return modes;
     };
-    EXPECT_EQ(viewer->GetSelectLevel(), 4);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectLevel(*viewer), 4);
     EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge, SM_Face, SM_Solid}));
     viewer->m_Slot_SetSelectionEdge();
     EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge}));
@@ -314,7 +344,7 @@ TEST_F(SelectionTest, LevelSlotsSetThePickerModesAndARebuildTurnsAllThreeOnAgain
     EXPECT_EQ(modesOf(), (std::vector<int>{SM_Shape}));
     viewer->m_Slot_SetSelectionEdge();
     viewer->RefreshViewer();
-    EXPECT_EQ(viewer->GetSelectLevel(), 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectLevel(*viewer), 1);
     EXPECT_EQ(modesOf(), (std::vector<int>{SM_Edge, SM_Face, SM_Solid}));
 }
 
@@ -339,7 +369,7 @@ TEST_F(SelectionTest, SelectionByNameAddsWithoutClearing)
     viewer->SelectionUpdate(ShapeLabelMgr::GetInstance()->GetShapeName(&second));
     ASSERT_EQ(Sel().size(), 2u);
     EXPECT_TRUE(Sel()[1]->IsSame(second));
-    EXPECT_EQ(viewer->GetCurrentSelIndex(), 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::CurrentSelIndex(*viewer), 1);
     EXPECT_EQ(sel.count(), 1);
     viewer->SelectionUpdate(QString("no such name"));
     EXPECT_EQ(Sel().size(), 2u);
@@ -356,7 +386,7 @@ TEST_F(SelectionTest, SelectionSurvivesRefreshAndIsClearedByUpdateRefresh)
     // The entry points into the previous picture, which is still alive.
     EXPECT_EQ(Sel()[0]->ShapeType(), TopAbs_SOLID);
     viewer->ProcessHighLightedObj();
-    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectionActors(*viewer).size(), 1u);
     viewer->UpdateRefreshViewer();
     EXPECT_TRUE(Sel().empty());
 }
@@ -366,7 +396,7 @@ TEST_F(SelectionTest, EscapeWithoutOperationClearsTheSelectionAndHighlights)
     Box(0, 0, 0, 10, 10, 10);
     Show();
     Click(gp_Pnt(5, 5, 10));
-    vtkActor* hl = viewer->GetSelectionActors().at(0);
+    vtkActor* hl = TevBasicViewerTestPeer::SelectionActors(*viewer).at(0);
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
     EXPECT_TRUE(Sel().empty());
     EXPECT_FALSE(RenderedHas(hl));
@@ -383,7 +413,7 @@ TEST_F(SelectionTest, EscapeDuringAnOperationKeepsTheSelection)
     QTest::keyClick(viewer.get(), Qt::Key_Escape);
     EXPECT_EQ(DrawOpMgr::GetInstance()->GetCurrentOp(), nullptr);
     EXPECT_EQ(Sel().size(), 1u);
-    EXPECT_EQ(viewer->GetSelectionActors().size(), 1u);
+    EXPECT_EQ(TevBasicViewerTestPeer::SelectionActors(*viewer).size(), 1u);
 }
 
 TEST(SelectionMgrList, OneEntryPerTShapeAndTheRemovalSkip)

@@ -8,6 +8,7 @@
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
 #include "ShapeRenderTool.h"
+#include "TevBasicViewerTestPeer.h"
 #include "ViewerFixture.h"
 #include "ViewerPixels.h"
 
@@ -49,8 +50,8 @@ TEST_F(ShapeDisplayTest, EmptyDocumentIsAValidPicture)
     QSignalSpy updated(viewer.get(), &TevBasicViewer::m_signal_ViewerUpdated);
     viewer->RefreshViewer();
     EXPECT_EQ(PropCount(), before);
-    EXPECT_TRUE(viewer->GetActorByShape().empty());
-    EXPECT_TRUE(viewer->GetPickerByShape().empty());
+    EXPECT_TRUE(TevBasicViewerTestPeer::ActorByShape(*viewer).empty());
+    EXPECT_TRUE(TevBasicViewerTestPeer::PickerByShape(*viewer).empty());
     EXPECT_EQ(updated.count(), 1);
 }
 
@@ -60,19 +61,19 @@ TEST_F(ShapeDisplayTest, RefreshWithTwoShapesHoldsTwoActorsWhileTheHistoryGrows)
     Box(20, 10);
     const int fixed = PropCount();
     viewer->RefreshViewer();
-    EXPECT_EQ(viewer->GetActorByShape().size(), 2u);
-    EXPECT_EQ(viewer->GetPickerByShape().size(), 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::PickerByShape(*viewer).size(), 2u);
     EXPECT_EQ(PropCount(), fixed + 2);
-    EXPECT_EQ(viewer->GetShapeActors().size(), 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ShapeActors(*viewer).size(), 2u);
     viewer->RefreshViewer();
-    EXPECT_EQ(viewer->GetActorByShape().size(), 2u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 2u);
     EXPECT_EQ(PropCount(), fixed + 2);
-    EXPECT_EQ(viewer->GetShapeActors().size(), 4u);
-    for (const auto& entry : viewer->GetActorByShape()) EXPECT_TRUE(Rendered(entry.second));
+    EXPECT_EQ(TevBasicViewerTestPeer::ShapeActors(*viewer).size(), 4u);
+    for (const auto& entry : TevBasicViewerTestPeer::ActorByShape(*viewer)) EXPECT_TRUE(Rendered(entry.second));
     // Same keys in both maps.
-    auto a = viewer->GetActorByShape().begin();
-    for (const auto& p : viewer->GetPickerByShape()) EXPECT_EQ(p.first, (a++)->first);
-    EXPECT_EQ(viewer->GetShapeByName().size(), 2u);
+    auto a = TevBasicViewerTestPeer::ActorByShape(*viewer).begin();
+    for (const auto& p : TevBasicViewerTestPeer::PickerByShape(*viewer)) EXPECT_EQ(p.first, (a++)->first);
+    EXPECT_EQ(TevBasicViewerTestPeer::ShapeByName(*viewer).size(), 2u);
 }
 
 TEST_F(ShapeDisplayTest, ActorDefaultsWithoutALabel)
@@ -97,7 +98,7 @@ TEST_F(ShapeDisplayTest, LabelAttributesSurviveARebuildAndActorOnlyChangesDoNot)
     viewer->RefreshViewer();
     TopoDS_Shape box = Nth(0);
     EXPECT_DOUBLE_EQ(viewer->GetShapeOpacity(&box), 0.25);
-    vtkActor* actor = viewer->GetActorByShape().begin()->second;
+    vtkActor* actor = TevBasicViewerTestPeer::ActorByShape(*viewer).begin()->second;
     EXPECT_DOUBLE_EQ(actor->GetProperty()->GetColor()[2], 1.0);
 
     gp_Pnt red(1.0, 0.0, 0.0);
@@ -108,7 +109,7 @@ TEST_F(ShapeDisplayTest, LabelAttributesSurviveARebuildAndActorOnlyChangesDoNot)
     EXPECT_DOUBLE_EQ(viewer->GetShapeOpacity(&box), 0.9);
     EXPECT_FALSE(viewer->GetShapeVisiblity(&box));
     viewer->RefreshViewer();
-    actor = viewer->GetActorByShape().begin()->second;
+    actor = TevBasicViewerTestPeer::ActorByShape(*viewer).begin()->second;
     EXPECT_DOUBLE_EQ(actor->GetProperty()->GetColor()[0], 0.0);
     EXPECT_DOUBLE_EQ(actor->GetProperty()->GetColor()[2], 1.0);
     EXPECT_DOUBLE_EQ(viewer->GetShapeOpacity(&box), 0.25);
@@ -154,9 +155,9 @@ TEST_F(ShapeDisplayTest, UnknownShapesGetTheMessageAndAnEmptyEntry)
     QMetaObject::Connection c = QObject::connect(DrawerOutput::GetInstance(), &DrawerOutput::m_signal_Message,
                                                  [&lines](int l, QString t) { lines.emplace_back(l, t); });
     TopoDS_Shape stranger = BRepPrimAPI_MakeBox(1, 2, 3).Shape();
-    const size_t before = viewer->GetActorByTShapeCount();
+    const size_t before = TevBasicViewerTestPeer::ActorByTShapeCount(*viewer);
     EXPECT_DOUBLE_EQ(viewer->GetShapeOpacity(&stranger), 1.0);
-    EXPECT_EQ(viewer->GetActorByTShapeCount(), before + 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByTShapeCount(*viewer), before + 1);
     gp_Pnt rgb(1, 0, 0);
     viewer->SetShapeColor(&stranger, rgb);
     viewer->SetShapeOpacity(&stranger, 0.5);
@@ -166,7 +167,7 @@ TEST_F(ShapeDisplayTest, UnknownShapesGetTheMessageAndAnEmptyEntry)
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[0], std::make_pair(2, QString("SetShapeOpacity actor NULL")));
     EXPECT_EQ(lines[1], std::make_pair(2, QString("SetShapeOpacity actor NULL")));
-    EXPECT_EQ(viewer->GetActorByTShapeCount(), before + 1);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByTShapeCount(*viewer), before + 1);
 }
 
 TEST_F(ShapeDisplayTest, DisplaySlotsChangeEveryActorEverMadeAndARebuildReturnsToSurface)
@@ -176,14 +177,14 @@ TEST_F(ShapeDisplayTest, DisplaySlotsChangeEveryActorEverMadeAndARebuildReturnsT
     viewer->RefreshViewer();
     viewer->RefreshViewer();
     viewer->m_Slot_DisplayByWireFrame();
-    for (const auto& a : viewer->GetShapeActors()) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_WIREFRAME);
+    for (const auto& a : TevBasicViewerTestPeer::ShapeActors(*viewer)) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_WIREFRAME);
     viewer->m_Slot_DisplayByPoint();
-    for (const auto& a : viewer->GetShapeActors()) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_POINTS);
+    for (const auto& a : TevBasicViewerTestPeer::ShapeActors(*viewer)) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_POINTS);
     viewer->m_Slot_DisplayBySurface();
-    for (const auto& a : viewer->GetShapeActors()) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_SURFACE);
+    for (const auto& a : TevBasicViewerTestPeer::ShapeActors(*viewer)) EXPECT_EQ(a->GetProperty()->GetRepresentation(), VTK_SURFACE);
     viewer->m_Slot_DisplayByWireFrame();
     viewer->RefreshViewer();
-    EXPECT_EQ(viewer->GetActorByShape().begin()->second->GetProperty()->GetRepresentation(), VTK_SURFACE);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).begin()->second->GetProperty()->GetRepresentation(), VTK_SURFACE);
 }
 
 TEST_F(ShapeDisplayTest, RemoveAllViewShapesKeepsTheFixedActors)
@@ -194,9 +195,9 @@ TEST_F(ShapeDisplayTest, RemoveAllViewShapesKeepsTheFixedActors)
     ASSERT_EQ(PropCount(), fixed + 1);
     viewer->RemoveAllViewShapes();
     EXPECT_EQ(PropCount(), fixed);
-    EXPECT_TRUE(viewer->GetActorByShape().empty());
-    EXPECT_EQ(viewer->GetShapeActors().size(), 1u);
-    EXPECT_EQ(viewer->GetShapeByName().size(), 1u);
+    EXPECT_TRUE(TevBasicViewerTestPeer::ActorByShape(*viewer).empty());
+    EXPECT_EQ(TevBasicViewerTestPeer::ShapeActors(*viewer).size(), 1u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ShapeByName(*viewer).size(), 1u);
 }
 
 TEST_F(ShapeDisplayTest, UndoThenRefreshShowsTheDocumentAsItIs)
@@ -204,10 +205,10 @@ TEST_F(ShapeDisplayTest, UndoThenRefreshShowsTheDocumentAsItIs)
     Box(0, 10);
     Box(20, 10);
     viewer->RefreshViewer();
-    ASSERT_EQ(viewer->GetActorByShape().size(), 2u);
+    ASSERT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 2u);
     ASSERT_TRUE(ShapeDocMgr::GetInstance()->Undo());
     viewer->UpdateRefreshViewer();
-    EXPECT_EQ(viewer->GetActorByShape().size(), 1u);
+    EXPECT_EQ(TevBasicViewerTestPeer::ActorByShape(*viewer).size(), 1u);
 }
 
 TEST(RenderTypeMgrPreset, HighlightLookRaisesSizes)

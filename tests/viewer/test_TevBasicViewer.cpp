@@ -2,6 +2,7 @@
 // real Qt events, interaction modes, close refusals and the picture it draws.
 #include "GuiTestSupport.h"
 #include "RecordingOp.h"
+#include "TevBasicViewerTestPeer.h"
 #include "ViewerFixture.h"
 
 #include <QMetaMethod>
@@ -235,23 +236,23 @@ TEST_F(TevBasicViewerTest, PressAndReleasePositionsAreTheEventsOwn)
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 120));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(250, 300));
     const int h = viewer->height();
-    EXPECT_EQ(viewer->GetPressPos()[0], 100);
-    EXPECT_EQ(viewer->GetPressPos()[1], h - 120 - 1);  // VTK rows count from 0 at the bottom
-    EXPECT_EQ(viewer->GetReleasePos()[0], 250);
-    EXPECT_EQ(viewer->GetReleasePos()[1], h - 300 - 1);
-    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_EQ(TevBasicViewerTestPeer::PressPos(*viewer)[0], 100);
+    EXPECT_EQ(TevBasicViewerTestPeer::PressPos(*viewer)[1], h - 120 - 1);  // VTK rows count from 0 at the bottom
+    EXPECT_EQ(TevBasicViewerTestPeer::ReleasePos(*viewer)[0], 250);
+    EXPECT_EQ(TevBasicViewerTestPeer::ReleasePos(*viewer)[1], h - 300 - 1);
+    EXPECT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, ClickAndStraightDragsArePointPicks)
 {
     QTest::mouseClick(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(300, 100));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 300));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, RightDragShowsNoMenuInSelectModeButDoesInRotateMode)
@@ -277,12 +278,12 @@ TEST_F(TevBasicViewerTest, InRotateOrZoomModeEveryLeftReleaseIsAPointPick)
         viewer->SetCurrentOperationMode(mode);
         QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
         QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-        EXPECT_FALSE(viewer->IsRectRelease()) << mode;
+        EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer)) << mode;
     }
     viewer->SetCurrentOperationMode(MOUSE_OP_SELECT);
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-    EXPECT_TRUE(viewer->IsRectRelease());
+    EXPECT_TRUE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
 }
 
 TEST_F(TevBasicViewerTest, ModesInstallTheirStylesAndPanOnlyStores)
@@ -300,7 +301,7 @@ TEST_F(TevBasicViewerTest, ModesInstallTheirStylesAndPanOnlyStores)
     // Rectangle selection is off in pan mode although the rubber-band style is still there.
     QTest::mousePress(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
     QTest::mouseRelease(viewer.get(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
-    EXPECT_FALSE(viewer->IsRectRelease());
+    EXPECT_FALSE(TevBasicViewerTestPeer::IsRectRelease(*viewer));
     viewer->SetCurrentOperationMode(static_cast<MOUSE_OP_MODE>(7));
     EXPECT_EQ(viewer->GetInteractor()->GetInteractorStyle(), before);
 }
@@ -448,14 +449,20 @@ TEST_F(TevBasicViewerTest, StandardViewsPlaceTheCamera)
     }
 }
 
+// Counts each finished render of the viewer's window into `renders`.
+void CountRenders(TevBasicViewer* viewer, int* renders)
+{
+    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
+    counter->SetClientData(renders);
+    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
+    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+}
+
 TEST_F(TevBasicViewerTest, UpdatesOfOneEventRenderOnceAndShowTheChange)
 {
     QTest::qWait(50);
     int renders = 0;
-    auto counter = vtkSmartPointer<vtkCallbackCommand>::New();
-    counter->SetClientData(&renders);
-    counter->SetCallback([](vtkObject*, unsigned long, void* count, void*) { ++*static_cast<int*>(count); });
-    viewer->GetRenderWindow()->AddObserver(vtkCommand::EndEvent, counter);
+    CountRenders(viewer.get(), &renders);
     viewer->GetDefaultRender()->SetBackground(0.0, 0.0, 0.0);
     viewer->GetDefaultRender()->SetBackground2(0.0, 0.0, 0.0);
     viewer->update();
@@ -466,6 +473,32 @@ TEST_F(TevBasicViewerTest, UpdatesOfOneEventRenderOnceAndShowTheChange)
     EXPECT_EQ(renders, 1);
     const QColor c = img.pixelColor(img.width() - 5, img.height() / 2);
     EXPECT_LT(c.red() + c.green() + c.blue(), 10);
+}
+
+// A host that holds the viewer as a QWidget* and calls update() gets the scene rendered: the
+// render comes from Qt's paint, not from an overload that such a call would not reach.
+TEST_F(TevBasicViewerTest, UpdateThroughAQWidgetPointerRendersTheChange)
+{
+    QTest::qWait(50);
+    int renders = 0;
+    CountRenders(viewer.get(), &renders);
+    // A plain red background everywhere: any pixel of the picture then reads (255, 0, 0).
+    viewer->GetDefaultRender()->SetBackground(1.0, 0.0, 0.0);
+    viewer->GetDefaultRender()->SetBackground2(1.0, 0.0, 0.0);
+    QWidget* host = viewer.get();
+    host->update();
+    host->update();
+    EXPECT_EQ(renders, 0);  // nothing renders before control returns to the event loop
+    QImage img = tevtest::GrabRendered(viewer.get());
+    EXPECT_EQ(renders, 1);
+    const QColor c = img.pixelColor(img.width() - 5, img.height() / 2);
+    EXPECT_EQ(c.red(), 255);
+    EXPECT_EQ(c.green(), 0);
+    EXPECT_EQ(c.blue(), 0);
+    // The repaint that shows the new frame does not render again: the widget does not keep
+    // itself busy.
+    QTest::qWait(300);
+    EXPECT_EQ(renders, 1);
 }
 
 TEST_F(TevBasicViewerTest, RenderedImageShowsTheGradient)
