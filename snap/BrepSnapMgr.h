@@ -2,9 +2,11 @@
 // mid-point, a vertex or a point of an edge, for every shape of the document.
 //
 // One object serves one call: the point picker makes one per mouse move and deletes it after.
-// The snap kinds that are on are read from TevPreference at each call. Nothing is cached: every
-// call visits every edge of every shape. There is no scoring: hits are kept in the order found,
-// and the single-result overloads keep the last hit.
+// The snap kinds that are on are read from TevPreference at each call. There is no scoring: hits
+// are kept in the order found, and the single-result overloads keep the last hit. The passes
+// skip a shape whose box, kept by the viewer with the shape's actor, the query cannot reach;
+// that changes neither the hits nor their order, only the cost, which no longer grows with the
+// shapes far from the cursor.
 #ifndef BREPSNAPMGR_H
 #define BREPSNAPMGR_H
 
@@ -74,6 +76,7 @@ private:
     double m_tolerance;        // pixels for mid-points and vertices, world units for edges
     double m_gridToleranceSq;  // squared pixels: the grid radius is always 5 pixels
     vtkRenderer* m_snapRenderer;
+    TevBasicViewer* m_snapViewer;  // not owned; the viewer of the last A or C call, for its boxes
     double m_displayX;
     double m_displayY;
 };

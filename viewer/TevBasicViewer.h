@@ -10,6 +10,7 @@
 #define TEVBASICVIEWER_H
 
 #include "QVTKWidget.h"
+#include "ShapeViewCache.h"
 
 #include <Geom_Plane.hxx>
 #include <QPoint>
@@ -25,6 +26,7 @@
 #include <string>
 #include <vector>
 
+class DisplayProjection;
 class GeoGridDrawer;
 class IVtkOCC_Shape;
 class IVtkTools_ShapePicker;
@@ -90,9 +92,11 @@ public:
     // MOUSE_OP_SELECT. Otherwise a release is a point pick.
     bool IsRectRelease() const;
 
-    // Redraw entries. RefreshViewer rebuilds every shape's actor and picker from the document
-    // and keeps the selection; UpdateRefreshViewer does the same and clears the selection;
-    // UpdateViewer only redraws.
+    // Redraw entries. RefreshViewer rebuilds the picture from the document and keeps the
+    // selection; UpdateRefreshViewer does the same and clears the selection; UpdateViewer only
+    // redraws. A rebuild keeps the actor, data source and picker of every shape whose TShape,
+    // location and orientation are unchanged, gives them their look from the label again, and
+    // makes new ones only for new shapes; what it drops holds no geometry afterwards.
     void UpdateViewer();
     void RefreshViewer();
     void UpdateRefreshViewer();
@@ -106,6 +110,9 @@ public:
     double GetShapeOpacity(TopoDS_Shape* shape);
     void SetShapeVisibility(TopoDS_Shape* shape, bool visible);
     bool GetShapeVisiblity(TopoDS_Shape* shape);
+    // The world box of what snaps and picks can reach on a shape of the picture (same TShape,
+    // location and orientation), kept since the shape was added; null for any other shape.
+    const Bnd_Box* FindShapeBox(const TopoDS_Shape& shape) const { return m_shapeViews.BoxOf(shape); }
 
     // Read-only views of the picture, for hosts and tests.
     const std::vector<vtkSmartPointer<vtkActor>>& GetShapeActors() const { return m_shapeActors; }
@@ -214,6 +221,16 @@ private:
     void CheckLevelAction(QAction* checked);
 
     void AddShape(TopoDS_Shape* shape);
+    // The rebuild of RefreshViewer and UpdateRefreshViewer: keeps what is unchanged, adds what
+    // is new, retires the rest.
+    void RebuildShapes(std::vector<TopoDS_Shape>& shapes);
+    void ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry);
+    void RetireShape(ShapeViewCache::Entry& entry);
+    // Name entries that no shape of the last build wrote stay only while the selection points
+    // into their shape.
+    void KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& previous);
+    // Whether a point pick at display (x, y) can reach the shape at all, by its box.
+    bool PickMayReach(const IVtkOCC_Shape* occ, const DisplayProjection& projection, const int* pos) const;
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker);
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<vtkActor> actor);
     void AddShapeMap(IVtkOCC_Shape* occ, QString name);
@@ -223,7 +240,6 @@ private:
     vtkSmartPointer<vtkActor> ActorOf(TopoDS_Shape* shape);
     // Shapes of earlier builds stay alive while the selection or the name map still points
     // into them, so that reading either after a rebuild never touches freed memory.
-    void RetireShapes();
     void PruneRetiredShapes();
 
     void InitSnapRender();
@@ -288,6 +304,10 @@ private:
     std::string m_name;
     vis_Model* m_femModel;
     std::vector<opencascade::handle<IVtkOCC_Shape>> m_retiredShapes;
+    ShapeViewCache m_shapeViews;
+    // Set when a level slot changed the pickers' modes: the next rebuild turns the modes of the
+    // pickers it keeps back to those of a new picker.
+    bool m_pickModesChanged = false;
 };
 
 #endif

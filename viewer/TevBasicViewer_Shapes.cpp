@@ -1,11 +1,17 @@
 // TevBasicViewer: the picture of the document. Every change of the model is followed by a
-// rebuild: all shape actors and pickers are thrown away and made again from
-// ShapeLabelMgr::GetAllShapes(). Nothing updates one shape's actor in place.
+// rebuild from ShapeLabelMgr::GetAllShapes(). A rebuild keeps what it built for each shape that
+// is still there unchanged (same TShape, location and orientation): the IVtkOCC_Shape, its
+// picker, the actor with its data source, and the shape's box; it builds the rest new and
+// retires what the document no longer holds. A retired actor keeps no mapper, a retired picker
+// is let go, and a retired IVtkOCC_Shape lives on only while the selection points into it.
 #include "TevBasicViewer.h"
 
 #include "DrawerOutput.h"
 #include "SelectionMgr.h"
+#include "DisplayProjection.h"
+#include "ShapeBounds.h"
 #include "ShapeLabelMgr.h"
+#include "ShapeActorLook.h"
 #include "ShapeRenderTool.h"
 
 #include <IVtkOCC_Shape.hxx>
@@ -16,6 +22,7 @@
 #include <vtkRenderer.h>
 
 #include <algorithm>
+#include <set>
 
 void TevBasicViewer::UpdateViewer()
 {
@@ -24,30 +31,56 @@ void TevBasicViewer::UpdateViewer()
 
 void TevBasicViewer::RefreshViewer()
 {
-    RemoveAllViewShapes();
     std::vector<TopoDS_Shape> shapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    for (TopoDS_Shape& shape : shapes) AddShape(&shape);
-    PruneRetiredShapes();
+    RebuildShapes(shapes);
     FinishRedraw();
 }
 
 void TevBasicViewer::UpdateRefreshViewer()
 {
-    RemoveAllViewShapes();
     SelectionMgr::GetInstance()->ClearSelList();
     m_allShapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    for (TopoDS_Shape& shape : m_allShapes) AddShape(&shape);
-    PruneRetiredShapes();
+    RebuildShapes(m_allShapes);
     FinishRedraw();
 }
 
 void TevBasicViewer::RemoveAllViewShapes()
 {
-    RetireShapes();
+    for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
     m_pickerByShape.clear();
-    for (auto& entry : m_actorByShape) m_renderer->RemoveActor(entry.second);
     m_actorByShape.clear();
     RemoveHighLihgt();
+}
+
+void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes)
+{
+    RemoveHighLihgt();
+    m_pickerByShape.clear();
+    m_actorByShape.clear();
+    // Rewritten for the shapes of this build only: stale keys would keep old shapes alive.
+    m_actorByTShape.clear();
+    std::map<QString, IVtkOCC_Shape*> previousNames;
+    previousNames.swap(m_shapeByName);
+
+    std::vector<ShapeViewCache::Entry> kept;
+    kept.reserve(shapes.size());
+    for (TopoDS_Shape& shape : shapes) {
+        kept.emplace_back();
+        if (!m_shapeViews.Take(shape, kept.back())) kept.pop_back();
+    }
+    // What the document no longer holds (or holds changed) leaves before anything is added.
+    for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
+
+    auto next = kept.begin();
+    for (TopoDS_Shape& shape : shapes) {
+        if (next != kept.end() && next->shape.IsEqual(shape))
+            ReuseShape(&shape, std::move(*next++));
+        else
+            AddShape(&shape);
+    }
+    m_pickModesChanged = false;
+    KeepSelectedNames(previousNames);
+    PruneRetiredShapes();
 }
 
 void TevBasicViewer::RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor)
@@ -75,6 +108,37 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     AddShapeMap(occ.get(), actor);
     AddShapeMap(shape, actor);
     AddShapeMap(occ.get(), ShapeLabelMgr::GetInstance()->GetShapeName(shape));
+    m_shapeViews.Add({*shape, occ, picker, actor, ShapeBounds::Of(*shape)});
+}
+
+void TevBasicViewer::ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry)
+{
+    IVtkOCC_Shape* occ = entry.occ.get();
+    if (m_pickModesChanged) {
+        // Back to the modes of a new picker: all off, then the three of AddShape in its order.
+        for (int mode = SM_Shape; mode <= SM_Compound; ++mode)
+            entry.picker->SetSelectionMode(entry.occ, static_cast<IVtk_SelectionMode>(mode), false);
+        entry.picker->SetSelectionMode(entry.occ, SM_Solid, true);
+        entry.picker->SetSelectionMode(entry.occ, SM_Face, true);
+        entry.picker->SetSelectionMode(entry.occ, SM_Edge, true);
+    }
+    ShapeActorLook::Apply(entry.actor, *shape);
+    m_shapeActors.push_back(entry.actor);
+
+    AddShapeMap(occ, entry.picker);
+    AddShapeMap(occ, entry.actor);
+    AddShapeMap(shape, entry.actor);
+    AddShapeMap(occ, ShapeLabelMgr::GetInstance()->GetShapeName(shape));
+    m_shapeViews.Add(std::move(entry));
+}
+
+void TevBasicViewer::RetireShape(ShapeViewCache::Entry& entry)
+{
+    m_renderer->RemoveActor(entry.actor);
+    // The actor stays in m_shapeActors; without its mapper it holds no geometry.
+    entry.actor->SetMapper(nullptr);
+    m_retiredShapes.push_back(entry.occ);
+    ShapeViewCache::Release(entry);
 }
 
 void TevBasicViewer::AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker)
@@ -181,11 +245,6 @@ void TevBasicViewer::m_Slot_DisplayByPoint()
     for (auto& actor : m_shapeActors) actor->GetProperty()->SetRepresentationToPoints();
 }
 
-void TevBasicViewer::RetireShapes()
-{
-    for (auto& entry : m_pickerByShape) m_retiredShapes.emplace_back(entry.first);
-}
-
 // Whether `entry` is the shape of `occ` or one of its sub-shapes, by address.
 static bool PointsInto(const TopoDS_Shape* entry, const IVtkOCC_Shape* occ)
 {
@@ -194,17 +253,35 @@ static bool PointsInto(const TopoDS_Shape* entry, const IVtkOCC_Shape* occ)
     return id > 0 && &occ->GetSubShape(id) == entry;
 }
 
+// Whether an entry of the selection points into `occ`.
+static bool Selected(const IVtkOCC_Shape* occ)
+{
+    for (const TopoDS_Shape* entry : SelectionMgr::GetInstance()->GetshapeList())
+        if (PointsInto(entry, occ)) return true;
+    return false;
+}
+
+void TevBasicViewer::KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& previous)
+{
+    for (const auto& named : previous)
+        if (!m_shapeByName.count(named.first) && Selected(named.second)) m_shapeByName.insert(named);
+}
+
 void TevBasicViewer::PruneRetiredShapes()
 {
-    const std::vector<const TopoDS_Shape*>& selection = SelectionMgr::GetInstance()->GetshapeList();
-    auto referenced = [this, &selection](const IVtkOCC_Shape::Handle& occ) {
-        for (const auto& named : m_shapeByName)
-            if (named.second == occ.get()) return true;
-        for (const TopoDS_Shape* entry : selection)
-            if (PointsInto(entry, occ.get())) return true;
-        return false;
-    };
+    std::set<const IVtkOCC_Shape*> named;
+    for (const auto& entry : m_shapeByName) named.insert(entry.second);
     m_retiredShapes.erase(std::remove_if(m_retiredShapes.begin(), m_retiredShapes.end(),
-                                         [&referenced](const IVtkOCC_Shape::Handle& occ) { return !referenced(occ); }),
+                                         [&named](const IVtkOCC_Shape::Handle& occ) {
+                                             return !named.count(occ.get()) && !Selected(occ.get());
+                                         }),
                           m_retiredShapes.end());
+}
+
+bool TevBasicViewer::PickMayReach(const IVtkOCC_Shape* occ, const DisplayProjection& projection, const int* pos) const
+{
+    // The picker's own reach around its sensitive entities is a couple of pixels.
+    const double kPickRadius = 8.0;
+    const Bnd_Box* box = m_shapeViews.BoxOf(occ);
+    return !box || !ShapeBounds::CullingEnabled() || projection.MayReach(*box, pos[0], pos[1], kPickRadius);
 }

@@ -1,0 +1,65 @@
+// ShapeViewCache: what the viewer built to show each shape of its picture (the shape's pick
+// structures, its actor and its box), found again by the shape itself, so that a rebuild makes
+// only what is new. Two shapes are the same here when TShape, location and orientation agree;
+// the document may hold one shape twice, and then each occurrence has an entry of its own.
+#ifndef SHAPEVIEWCACHE_H
+#define SHAPEVIEWCACHE_H
+
+#include <Bnd_Box.hxx>
+#include <IVtkOCC_Shape.hxx>
+#include <TopoDS_Shape.hxx>
+#include <vtkSmartPointer.h>
+
+#include <cstddef>
+#include <unordered_map>
+#include <vector>
+
+class IVtkTools_ShapePicker;
+class vtkActor;
+
+class ShapeViewCache
+{
+public:
+    struct Entry {
+        TopoDS_Shape shape;
+        IVtkOCC_Shape::Handle occ;
+        vtkSmartPointer<IVtkTools_ShapePicker> picker;
+        vtkSmartPointer<vtkActor> actor;
+        Bnd_Box box;
+    };
+
+    ShapeViewCache() = default;
+    ShapeViewCache(const ShapeViewCache&) = delete;
+    ShapeViewCache& operator=(const ShapeViewCache&) = delete;
+    // Unlinks the pick structures of every entry left (see Release).
+    ~ShapeViewCache();
+
+    void Add(Entry entry);
+    // Moves the entry of `shape` into `out` and forgets it; false when there is none.
+    bool Take(const TopoDS_Shape& shape, Entry& out);
+    // Moves every entry out, in no particular order.
+    std::vector<Entry> TakeAll();
+
+    // The box of a shape, or of the shape an IVtkOCC_Shape wraps; null when there is no entry.
+    const Bnd_Box* BoxOf(const TopoDS_Shape& shape) const;
+    const Bnd_Box* BoxOf(const IVtkOCC_Shape* occ) const;
+    size_t Size() const { return m_byShape.size(); }
+
+    // Lets go of an entry's picker and of the selection structures that its IVtkOCC_Shape and
+    // their selectable object hold on each other: that pair refers to itself and would
+    // otherwise never be freed. The IVtkOCC_Shape itself stays usable for its sub-shapes.
+    static void Release(Entry& entry);
+
+private:
+    struct Hash {
+        size_t operator()(const TopoDS_Shape& s) const;
+    };
+    struct Same {
+        bool operator()(const TopoDS_Shape& a, const TopoDS_Shape& b) const { return a.IsEqual(b); }
+    };
+
+    std::unordered_multimap<TopoDS_Shape, Entry, Hash, Same> m_byShape;
+    std::unordered_map<const IVtkOCC_Shape*, const Entry*> m_byOcc;
+};
+
+#endif
