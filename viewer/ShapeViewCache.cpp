@@ -1,10 +1,14 @@
 #include "ShapeViewCache.h"
 
+#include "DisplayProjection.h"
+
 #include <IVtkTools_ShapePicker.hxx>
 #include <TopTools_OrientedShapeMapHasher.hxx>
 #include <vtkActor.h>
 
+#include <algorithm>
 #include <climits>
+#include <functional>
 
 size_t ShapeViewCache::Hash::operator()(const TopoDS_Shape& s) const
 {
@@ -21,6 +25,7 @@ void ShapeViewCache::Add(Entry entry)
     const IVtkOCC_Shape* occ = entry.occ.get();
     auto it = m_byShape.emplace(entry.shape, std::move(entry));
     m_byOcc[occ] = &it->second;
+    m_packedStale = true;
 }
 
 bool ShapeViewCache::Take(const TopoDS_Shape& shape, Entry& out)
@@ -30,6 +35,7 @@ bool ShapeViewCache::Take(const TopoDS_Shape& shape, Entry& out)
     out = std::move(it->second);
     m_byOcc.erase(out.occ.get());
     m_byShape.erase(it);
+    m_packedStale = true;
     return true;
 }
 
@@ -40,6 +46,7 @@ std::vector<ShapeViewCache::Entry> ShapeViewCache::TakeAll()
     for (auto& item : m_byShape) all.push_back(std::move(item.second));
     m_byShape.clear();
     m_byOcc.clear();
+    m_packedStale = true;
     return all;
 }
 
@@ -53,6 +60,21 @@ const Bnd_Box* ShapeViewCache::BoxOf(const IVtkOCC_Shape* occ) const
 {
     auto it = m_byOcc.find(occ);
     return it == m_byOcc.end() ? nullptr : &it->second->box;
+}
+
+std::vector<const IVtkOCC_Shape*> ShapeViewCache::Reaching(const DisplayProjection& projection, double x, double y,
+                                                           double radius) const
+{
+    if (m_packedStale) {
+        m_packed.clear();
+        for (const auto& item : m_byOcc) m_packed.emplace_back(item.first, item.second->box);
+        m_packedStale = false;
+    }
+    std::vector<const IVtkOCC_Shape*> found;
+    for (const auto& item : m_packed)
+        if (projection.MayReach(item.second, x, y, radius)) found.push_back(item.first);
+    std::sort(found.begin(), found.end(), std::less<const IVtkOCC_Shape*>());
+    return found;
 }
 
 void ShapeViewCache::Release(Entry& entry)

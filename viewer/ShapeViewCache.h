@@ -12,8 +12,10 @@
 
 #include <cstddef>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+class DisplayProjection;
 class IVtkTools_ShapePicker;
 class vtkActor;
 
@@ -45,6 +47,11 @@ public:
     const Bnd_Box* BoxOf(const IVtkOCC_Shape* occ) const;
     size_t Size() const { return m_byShape.size(); }
 
+    // The IVtkOCC_Shapes, in address order, whose box may show within `radius` pixels of
+    // display (x, y). The boxes are scanned from one packed array, rebuilt after a change.
+    std::vector<const IVtkOCC_Shape*> Reaching(const DisplayProjection& projection, double x, double y,
+                                               double radius) const;
+
     // Lets go of an entry's picker and of the selection structures that its IVtkOCC_Shape and
     // their selectable object hold on each other: that pair refers to itself and would
     // otherwise never be freed. The IVtkOCC_Shape itself stays usable for its sub-shapes.
@@ -60,6 +67,8 @@ private:
 
     std::unordered_multimap<TopoDS_Shape, Entry, Hash, Same> m_byShape;
     std::unordered_map<const IVtkOCC_Shape*, const Entry*> m_byOcc;
+    mutable std::vector<std::pair<const IVtkOCC_Shape*, Bnd_Box>> m_packed;
+    mutable bool m_packedStale = false;
 };
 
 #endif

@@ -26,7 +26,6 @@
 #include <string>
 #include <vector>
 
-class DisplayProjection;
 class GeoGridDrawer;
 class IVtkOCC_Shape;
 class IVtkTools_ShapePicker;
@@ -229,8 +228,10 @@ private:
     // Name entries that no shape of the last build wrote stay only while the selection points
     // into their shape.
     void KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& previous);
-    // Whether a point pick at display (x, y) can reach the shape at all, by its box.
-    bool PickMayReach(const IVtkOCC_Shape* occ, const DisplayProjection& projection, const int* pos) const;
+    // The entries of m_pickerByShape, in key order, whose shape's box shows near display
+    // position `pos`: the only pickers a point pick there can hit. Every key of m_pickerByShape
+    // has an entry in m_shapeViews, since both are written together.
+    std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> PickCandidates(const int* pos);
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker);
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<vtkActor> actor);
     void AddShapeMap(IVtkOCC_Shape* occ, QString name);

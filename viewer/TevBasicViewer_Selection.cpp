@@ -5,7 +5,6 @@
 // selection. The level decides whether whole shapes (3, 4) or faces and edges (2, 1) are taken.
 #include "TevBasicViewer.h"
 
-#include "DisplayProjection.h"
 #include "DrawerOutput.h"
 #include "RenderTypeMgr.h"
 #include "SelectionMgr.h"
@@ -28,13 +27,11 @@ void TevBasicViewer::OnLButtonDownMultiPicker(QMouseEvent*)
         emit m_signal_SelChange("");
     }
     const int* pos = GetInteractor()->GetEventPosition();
-    const DisplayProjection projection(m_renderer);
-    for (auto& entry : m_pickerByShape) {
+    // Only the pickers of shapes whose box comes near the point, still in key order.
+    for (auto& entry : PickCandidates(pos)) {
         IVtkOCC_Shape* occ = entry.first;
         vtkSmartPointer<vtkActor> actor = m_actorByShape[occ];
         if (actor && !actor->GetVisibility()) continue;
-        // A shape whose box is nowhere near the point cannot be hit: its picker is not asked.
-        if (!PickMayReach(occ, projection, pos)) continue;
         if (entry.second->Pick(pos[0], pos[1], 0.0, m_renderer) <= 0) continue;
         if (m_selectLevel == 1 || m_selectLevel == 2) {
             AddPickedSubShapes(occ, entry.second, false);

@@ -269,6 +269,7 @@ void TevBasicViewer::KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& 
 
 void TevBasicViewer::PruneRetiredShapes()
 {
+    if (m_retiredShapes.empty()) return;
     std::set<const IVtkOCC_Shape*> named;
     for (const auto& entry : m_shapeByName) named.insert(entry.second);
     m_retiredShapes.erase(std::remove_if(m_retiredShapes.begin(), m_retiredShapes.end(),
@@ -278,10 +279,20 @@ void TevBasicViewer::PruneRetiredShapes()
                           m_retiredShapes.end());
 }
 
-bool TevBasicViewer::PickMayReach(const IVtkOCC_Shape* occ, const DisplayProjection& projection, const int* pos) const
+std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> TevBasicViewer::PickCandidates(
+    const int* pos)
 {
+    std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> found;
+    if (!ShapeBounds::CullingEnabled()) {
+        found.assign(m_pickerByShape.begin(), m_pickerByShape.end());
+        return found;
+    }
     // The picker's own reach around its sensitive entities is a couple of pixels.
     const double kPickRadius = 8.0;
-    const Bnd_Box* box = m_shapeViews.BoxOf(occ);
-    return !box || !ShapeBounds::CullingEnabled() || projection.MayReach(*box, pos[0], pos[1], kPickRadius);
+    const DisplayProjection projection(m_renderer);
+    for (const IVtkOCC_Shape* occ : m_shapeViews.Reaching(projection, pos[0], pos[1], kPickRadius)) {
+        auto it = m_pickerByShape.find(const_cast<IVtkOCC_Shape*>(occ));
+        if (it != m_pickerByShape.end()) found.push_back(*it);
+    }
+    return found;
 }
