@@ -62,5 +62,6 @@ bool DisplayProjection::MayReach(const Bnd_Box& box, double x, double y, double 
     const double dx = std::max({minX - x, 0.0, x - maxX});
     const double dy = std::max({minY - y, 0.0, y - maxY});
     const double reach = radius + kRoundingPixels;
-    return dx * dx + dy * dy <= reach * reach;
+    // A negative (or NaN) reach meets nothing, as the exact tests then hit nothing.
+    return reach >= 0.0 && dx * dx + dy * dy <= reach * reach;
 }
