@@ -18,6 +18,7 @@
 #include <IVtkTools_ShapePicker.hxx>
 #include <QByteArray>
 #include <vtkActor.h>
+#include <vtkMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
 
@@ -101,6 +102,11 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     picker->SetSelectionMode(occ, SM_Edge, true);
 
     vtkSmartPointer<vtkActor> actor = ShapeRenderTool::CreateActorForShape(*shape);
+    // The shape never changes under its actor (a changed shape gets a new one), so the data
+    // is made once here and the mapper is static: bounds and renders of the kept actors then
+    // skip the pipeline, which every rebuild's clipping range would otherwise ask of each.
+    actor->GetMapper()->Update();
+    actor->GetMapper()->StaticOn();
     m_shapeActors.push_back(actor);
     m_renderer->AddActor(actor);
 
