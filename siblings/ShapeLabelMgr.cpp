@@ -60,7 +60,11 @@ TDF_Label ShapeLabelMgr::FindLabel(const TopoDS_Shape& shape)
 QString ShapeLabelMgr::GetShapeName(TopoDS_Shape* shape)
 {
     if (!shape) return QString();
-    TDF_Label label = FindLabel(*shape);
+    return GetLabelName(FindLabel(*shape));
+}
+
+QString ShapeLabelMgr::GetLabelName(const TDF_Label& label)
+{
     opencascade::handle<TDataStd_Name> name;
     if (label.IsNull() || !label.FindAttribute(TDataStd_Name::GetID(), name)) return QString();
     const TCollection_ExtendedString& text = name->Get();

@@ -1,15 +1,11 @@
 #include "ShapeActorLook.h"
 
 #include "BaseShapeParaCreator.h"
-#include "ShapeDocMgr.h"
 
-#include <TDF_Label.hxx>
-#include <XCAFDoc_DocumentTool.hxx>
-#include <XCAFDoc_ShapeTool.hxx>
 #include <vtkActor.h>
 #include <vtkProperty.h>
 
-void ShapeActorLook::Apply(vtkActor* actor, const TopoDS_Shape& shape)
+void ShapeActorLook::Apply(vtkActor* actor, const TDF_Label& label)
 {
     vtkProperty* prop = actor->GetProperty();
     prop->SetLineWidth(2.0);
@@ -21,14 +17,13 @@ void ShapeActorLook::Apply(vtkActor* actor, const TopoDS_Shape& shape)
     prop->SetOpacity(1.0);
     actor->SetVisibility(true);
 
-    opencascade::handle<TDocStd_Document> doc = ShapeDocMgr::GetInstance()->GetDoc();
-    TDF_Label label = XCAFDoc_DocumentTool::ShapeTool(doc->Main())->FindShape(shape, Standard_False);
     if (label.IsNull()) return;
 
     bool visible = true;
     double opacity = 1.0;
     gp_Pnt colour(0.8, 0.0, 0.8);
-    BaseShapeParaCreator().GetCommonAttribute(label, visible, opacity, colour);
+    TDF_Label found = label;
+    BaseShapeParaCreator().GetCommonAttribute(found, visible, opacity, colour);
     prop->SetColor(colour.X(), colour.Y(), colour.Z());
     prop->SetOpacity(opacity);
     actor->SetVisibility(visible);

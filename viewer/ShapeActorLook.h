@@ -5,14 +5,15 @@
 #ifndef SHAPEACTORLOOK_H
 #define SHAPEACTORLOOK_H
 
-#include <TopoDS_Shape.hxx>
+#include <TDF_Label.hxx>
 
 class vtkActor;
 
 class ShapeActorLook
 {
 public:
-    static void Apply(vtkActor* actor, const TopoDS_Shape& shape);
+    // `label` is the shape's label in the document, null for a shape the document does not hold.
+    static void Apply(vtkActor* actor, const TDF_Label& label);
 };
 
 #endif

@@ -1,9 +1,12 @@
 #include "ShapeRenderTool.h"
 
 #include "ShapeActorLook.h"
+#include "ShapeDocMgr.h"
 
 #include <IVtkOCC_Shape.hxx>
 #include <IVtkTools_ShapeDataSource.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
 #include <vtkPolyDataMapper.h>
 
 vtkSmartPointer<vtkActor> ShapeRenderTool::CreateActorForShape(TopoDS_Shape& shape)
@@ -17,6 +20,7 @@ vtkSmartPointer<vtkActor> ShapeRenderTool::CreateActorForShape(TopoDS_Shape& sha
     auto actor = vtkSmartPointer<vtkActor>::New();
     actor->SetMapper(mapper);
 
-    ShapeActorLook::Apply(actor, shape);
+    opencascade::handle<TDocStd_Document> doc = ShapeDocMgr::GetInstance()->GetDoc();
+    ShapeActorLook::Apply(actor, XCAFDoc_DocumentTool::ShapeTool(doc->Main())->FindShape(shape, Standard_False));
     return actor;
 }

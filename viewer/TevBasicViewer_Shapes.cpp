@@ -128,13 +128,15 @@ void TevBasicViewer::ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry
         entry.picker->SetSelectionMode(entry.occ, SM_Face, true);
         entry.picker->SetSelectionMode(entry.occ, SM_Edge, true);
     }
-    ShapeActorLook::Apply(entry.actor, *shape);
+    // One look-up of the label serves the look and the name.
+    const TDF_Label label = ShapeLabelMgr::GetInstance()->FindLabel(*shape);
+    ShapeActorLook::Apply(entry.actor, label);
     m_shapeActors.push_back(entry.actor);
 
     AddShapeMap(occ, entry.picker);
     AddShapeMap(occ, entry.actor);
     AddShapeMap(shape, entry.actor);
-    AddShapeMap(occ, ShapeLabelMgr::GetInstance()->GetShapeName(shape));
+    AddShapeMap(occ, ShapeLabelMgr::GetLabelName(label));
     m_shapeViews.Add(std::move(entry));
 }
 
