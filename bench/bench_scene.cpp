@@ -6,13 +6,13 @@
 //
 // The picture is rendered every 50 steps and at each report, so that every actor has built its
 // tessellation and graphics buffers when memory is read.
+#include "BenchSupport.h"
 #include "LineShapeParaCreator.h"
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
 #include <QApplication>
 #include <QSurfaceFormat>
-#include <QTest>
 #include <QVTKOpenGLNativeWidget.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
@@ -21,7 +21,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <unistd.h>
 #include <vector>
 
@@ -42,13 +41,6 @@ double WallMs()
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-double CpuMs()
-{
-    timespec t;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-    return t.tv_sec * 1e3 + t.tv_nsec * 1e-6;
-}
-
 struct Step {
     double wall, cpu;
 };
@@ -58,12 +50,12 @@ Step AddLine(TevBasicViewer* viewer, int i)
 {
     const double x = (i % 100) * 5.0, y = (i / 100) * 5.0;
     gp_Pnt a(x, y, 0), b(x + 3.0, y + 1.0, 0);
-    const double wall = WallMs(), cpu = CpuMs();
+    const double wall = WallMs(), cpu = bench::ThreadCpuMs();
     ShapeDocMgr::GetInstance()->StartTransaction();
     LineShapeParaCreator().CreateLine(a, b);
     ShapeDocMgr::GetInstance()->EndTransaction();
     viewer->RefreshViewer();
-    return {WallMs() - wall, CpuMs() - cpu};
+    return {WallMs() - wall, bench::ThreadCpuMs() - cpu};
 }
 
 void Render(TevBasicViewer* viewer)
@@ -79,10 +71,7 @@ int main(int argc, char** argv)
     QSurfaceFormat::setDefaultFormat(QVTKOpenGLNativeWidget::defaultFormat());
     QApplication app(argc, argv);
     TevBasicViewer viewer;
-    viewer.InitViewer();
-    viewer.resize(800, 600);
-    viewer.show();
-    if (!QTest::qWaitForWindowExposed(&viewer)) std::fprintf(stderr, "bench_scene: the window was not shown\n");
+    bench::ShowViewer(viewer, "bench_scene");
     ShapeDocMgr::GetInstance()->NewDocument();
     viewer.RefreshViewer();
     Render(&viewer);

@@ -3,6 +3,7 @@
 // the document, shown whole in the window as after a rebuild, and prints how the cost grows.
 // Needs a display:
 //   xvfb-run -a build/bench/bench_snap [shape counts...]
+#include "BenchSupport.h"
 #include "BoxShapeParaCreator.h"
 #include "BrepSnapMgr.h"
 #include "SelectionMgr.h"
@@ -14,14 +15,12 @@
 
 #include <QApplication>
 #include <QSurfaceFormat>
-#include <QTest>
 #include <QVTKOpenGLNativeWidget.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderWindowInteractor.h>
 #include <vtkRenderer.h>
 
 #include <algorithm>
-#include <ctime>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -39,13 +38,6 @@ public:
         OnLButtonDownMultiPicker(nullptr);
     }
 };
-
-double ThreadCpuMs()
-{
-    timespec t;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-    return t.tv_sec * 1e3 + t.tv_nsec * 1e-6;
-}
 
 const double kPitch = 8.0;  // boxes of 5 x 5 x 5 on a square lattice of this pitch
 
@@ -71,9 +63,9 @@ double MedianMs(int repeats, const std::function<void()>& run)
 {
     std::vector<double> times;
     for (int r = 0; r < repeats; ++r) {
-        const double start = ThreadCpuMs();
+        const double start = bench::ThreadCpuMs();
         run();
-        times.push_back(ThreadCpuMs() - start);
+        times.push_back(bench::ThreadCpuMs() - start);
     }
     std::sort(times.begin(), times.end());
     return times[times.size() / 2];
@@ -148,10 +140,7 @@ int main(int argc, char** argv)
     QSurfaceFormat::setDefaultFormat(QVTKOpenGLNativeWidget::defaultFormat());
     QApplication app(argc, argv);
     BenchViewer viewer;
-    viewer.InitViewer();
-    viewer.resize(800, 600);
-    viewer.show();
-    if (!QTest::qWaitForWindowExposed(&viewer)) std::fprintf(stderr, "bench_snap: the window was not shown\n");
+    bench::ShowViewer(viewer, "bench_snap");
 
     std::printf("CPU milliseconds per query (median); culled by the shapes' boxes unless marked exhaustive.\n");
     std::printf("%8s %10s %12s %12s %10s %12s %12s %6s %6s\n", "shapes", "snap", "snap no-line", "exhaustive",

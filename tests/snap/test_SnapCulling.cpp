@@ -29,21 +29,13 @@
 
 namespace {
 
-class SnapCullingTest : public tevtest::SnapSceneTest
+class SnapCullingTest : public tevtest::SnapDocumentTest
 {
 protected:
-    void SetUp() override
-    {
-        SnapSceneTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        TevPreference::GetInstance()->Reset();
-        ExactCamera();
-    }
     void TearDown() override
     {
         ShapeBounds::EnableCulling(true);
-        TevPreference::GetInstance()->Reset();
-        SnapSceneTest::TearDown();
+        SnapDocumentTest::TearDown();
     }
 
     double U(double lo, double hi) { return std::uniform_real_distribution<double>(lo, hi)(m_rng); }
