@@ -95,7 +95,9 @@ public:
     // selection; UpdateRefreshViewer does the same and clears the selection; UpdateViewer only
     // redraws. A rebuild keeps the actor, data source and picker of every shape whose TShape,
     // location and orientation are unchanged, gives them their look from the label again, and
-    // makes new ones only for new shapes; what it drops holds no geometry afterwards.
+    // makes new ones only for new shapes; what it drops holds no geometry afterwards. Unlike the
+    // plain rebuild, the TShape and name maps then hold only the shapes of this build (and the
+    // names of shapes the selection still points into), so stale entries no longer pile up.
     void UpdateViewer();
     void RefreshViewer();
     void UpdateRefreshViewer();
