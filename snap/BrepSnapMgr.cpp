@@ -147,8 +147,9 @@ void BrepSnapMgr::SnapOnGeometry()
     std::unique_ptr<DisplayProjection> projection;
     if (cull) projection.reset(new DisplayProjection(m_snapRenderer));
     const gp_Pnt origin(m_pickPoint[0], m_pickPoint[1], m_pickPoint[2]);
-    for (const TopoDS_Shape& shape : shapes) {
-        const Bnd_Box* box = cull ? m_snapViewer->FindShapeBox(shape) : nullptr;
+    for (size_t i = 0; i < shapes.size(); ++i) {
+        const TopoDS_Shape& shape = shapes[i];
+        const Bnd_Box* box = cull ? m_snapViewer->FindShapeBox(shape, i) : nullptr;
         if (pref->snapOnLine && (!box || ShapeBounds::LineMayReach(*box, origin, m_viewDir, m_tolerance)))
             SnapOnLines(shape);
         if (!pref->snapMiddle && !pref->snapEndPoint) continue;

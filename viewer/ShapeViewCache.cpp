@@ -23,6 +23,7 @@ ShapeViewCache::~ShapeViewCache()
 void ShapeViewCache::Add(Entry entry)
 {
     const IVtkOCC_Shape* occ = entry.occ.get();
+    m_ordered.emplace_back(entry.shape, entry.box);
     auto it = m_byShape.emplace(entry.shape, std::move(entry));
     m_byOcc[occ] = &it->second;
     m_packedStale = true;
@@ -46,6 +47,7 @@ std::vector<ShapeViewCache::Entry> ShapeViewCache::TakeAll()
     for (auto& item : m_byShape) all.push_back(std::move(item.second));
     m_byShape.clear();
     m_byOcc.clear();
+    m_ordered.clear();
     m_packedStale = true;
     return all;
 }
@@ -54,6 +56,12 @@ const Bnd_Box* ShapeViewCache::BoxOf(const TopoDS_Shape& shape) const
 {
     auto it = m_byShape.find(shape);
     return it == m_byShape.end() ? nullptr : &it->second.box;
+}
+
+const Bnd_Box* ShapeViewCache::BoxAt(size_t position, const TopoDS_Shape& shape) const
+{
+    if (position < m_ordered.size() && m_ordered[position].first.IsEqual(shape)) return &m_ordered[position].second;
+    return BoxOf(shape);
 }
 
 const Bnd_Box* ShapeViewCache::BoxOf(const IVtkOCC_Shape* occ) const

@@ -36,7 +36,10 @@ public:
     // Unlinks the pick structures of every entry left (see Release).
     ~ShapeViewCache();
 
+    // Adds an entry; entries added since the last ClearOrder are also kept in the order added,
+    // which a rebuild makes the document's order.
     void Add(Entry entry);
+    void ClearOrder() { m_ordered.clear(); }
     // Moves the entry of `shape` into `out` and forgets it; false when there is none.
     bool Take(const TopoDS_Shape& shape, Entry& out);
     // Moves every entry out, in no particular order.
@@ -45,6 +48,9 @@ public:
     // The box of a shape, or of the shape an IVtkOCC_Shape wraps; null when there is no entry.
     const Bnd_Box* BoxOf(const TopoDS_Shape& shape) const;
     const Bnd_Box* BoxOf(const IVtkOCC_Shape* occ) const;
+    // The same for the shape at `position` of the document's list: when the entry added at that
+    // place is that very shape, its box is read from a packed array without hashing.
+    const Bnd_Box* BoxAt(size_t position, const TopoDS_Shape& shape) const;
     size_t Size() const { return m_byShape.size(); }
 
     // The IVtkOCC_Shapes, in address order, whose box may show within `radius` pixels of
@@ -67,6 +73,7 @@ private:
 
     std::unordered_multimap<TopoDS_Shape, Entry, Hash, Same> m_byShape;
     std::unordered_map<const IVtkOCC_Shape*, const Entry*> m_byOcc;
+    std::vector<std::pair<TopoDS_Shape, Bnd_Box>> m_ordered;
     mutable std::vector<std::pair<const IVtkOCC_Shape*, Bnd_Box>> m_packed;
     mutable bool m_packedStale = false;
 };

@@ -113,7 +113,11 @@ public:
     bool GetShapeVisiblity(TopoDS_Shape* shape);
     // The world box of what snaps and picks can reach on a shape of the picture (same TShape,
     // location and orientation), kept since the shape was added; null for any other shape.
-    const Bnd_Box* FindShapeBox(const TopoDS_Shape& shape) const { return m_shapeViews.BoxOf(shape); }
+    // `position`, the shape's place in ShapeLabelMgr::GetAllShapes(), only speeds the look-up.
+    const Bnd_Box* FindShapeBox(const TopoDS_Shape& shape, size_t position) const
+    {
+        return m_shapeViews.BoxAt(position, shape);
+    }
 
     // Read-only views of the picture, for hosts and tests.
     const std::vector<vtkSmartPointer<vtkActor>>& GetShapeActors() const { return m_shapeActors; }

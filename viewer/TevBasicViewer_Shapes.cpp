@@ -71,6 +71,7 @@ void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes)
     }
     // What the document no longer holds (or holds changed) leaves before anything is added.
     for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
+    m_shapeViews.ClearOrder();
 
     auto next = kept.begin();
     for (TopoDS_Shape& shape : shapes) {

@@ -125,7 +125,17 @@ TEST_F(ShapeReuseTest, AnUnchangedShapeKeepsItsActorPickerAndShapeAndOnlyTheNewO
     EXPECT_EQ(PropCount(), props + 1);
     ASSERT_EQ(viewer->GetShapeActors().size(), 3u);
     EXPECT_EQ(viewer->GetShapeActors()[1].GetPointer(), actor);
-    EXPECT_NE(viewer->FindShapeBox(first), nullptr);
+    // The box of the first shape, found at its place in the list and, by the shape alone, from
+    // any other place: the box of a 10 x 10 x 10 box at the origin, give or take tolerances.
+    for (size_t position : {0, 1, 7}) {
+        const Bnd_Box* box = viewer->FindShapeBox(first, position);
+        ASSERT_NE(box, nullptr) << position;
+        double x0, y0, z0, x1, y1, z1;
+        box->Get(x0, y0, z0, x1, y1, z1);
+        EXPECT_NEAR(x0, 0.0, 1e-5);
+        EXPECT_NEAR(x1, 10.0, 1e-5);
+        EXPECT_NEAR(z1, 10.0, 1e-5);
+    }
 }
 
 TEST_F(ShapeReuseTest, UndoRetiresTheShapeAndFreesItsPictureAndRedoBuildsANewOne)
@@ -239,7 +249,7 @@ TEST_F(ShapeReuseTest, RemoveAllViewShapesThenARebuildMakesEverythingNew)
     Watched old(ActorOf(box), PickerOf(box), OccOf(box));
     viewer->RemoveAllViewShapes();
     EXPECT_EQ(old.mapper, nullptr);
-    EXPECT_EQ(viewer->FindShapeBox(box), nullptr);
+    EXPECT_EQ(viewer->FindShapeBox(box, 0), nullptr);
     viewer->RefreshViewer();
     ASSERT_NE(ActorOf(box), nullptr);
     EXPECT_NE(ActorOf(box), old.actor.GetPointer());
