@@ -15,11 +15,6 @@ size_t ShapeViewCache::Hash::operator()(const TopoDS_Shape& s) const
     return static_cast<size_t>(TopTools_OrientedShapeMapHasher::HashCode(s, INT_MAX));
 }
 
-ShapeViewCache::~ShapeViewCache()
-{
-    for (auto& item : m_byShape) Release(item.second);
-}
-
 void ShapeViewCache::Add(Entry entry)
 {
     const IVtkOCC_Shape* occ = entry.occ.get();
@@ -85,8 +80,7 @@ std::vector<const IVtkOCC_Shape*> ShapeViewCache::Reaching(const DisplayProjecti
     return found;
 }
 
-void ShapeViewCache::Release(Entry& entry)
+void ShapeViewCache::Unlink(const IVtkOCC_Shape::Handle& occ)
 {
-    entry.picker = nullptr;
-    if (!entry.occ.IsNull()) entry.occ->SetSelectableObject(nullptr);
+    if (!occ.IsNull()) occ->SetSelectableObject(nullptr);
 }

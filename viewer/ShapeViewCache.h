@@ -33,8 +33,6 @@ public:
     ShapeViewCache() = default;
     ShapeViewCache(const ShapeViewCache&) = delete;
     ShapeViewCache& operator=(const ShapeViewCache&) = delete;
-    // Unlinks the pick structures of every entry left (see Release).
-    ~ShapeViewCache();
 
     // Adds an entry; entries added since the last ClearOrder are also kept in the order added,
     // which a rebuild makes the document's order.
@@ -58,10 +56,11 @@ public:
     std::vector<const IVtkOCC_Shape*> Reaching(const DisplayProjection& projection, double x, double y,
                                                double radius) const;
 
-    // Lets go of an entry's picker and of the selection structures that its IVtkOCC_Shape and
-    // their selectable object hold on each other: that pair refers to itself and would
-    // otherwise never be freed. The IVtkOCC_Shape itself stays usable for its sub-shapes.
-    static void Release(Entry& entry);
+    // Lets go of the selection structures that an IVtkOCC_Shape and its selectable object hold
+    // on each other: that pair refers to itself and is otherwise never freed. Done when nothing
+    // points into the shape any more; until then (and for the shapes of a viewer that is
+    // destroyed) the pair keeps the shape alive, so that selection entries stay readable.
+    static void Unlink(const IVtkOCC_Shape::Handle& occ);
 
 private:
     struct Hash {

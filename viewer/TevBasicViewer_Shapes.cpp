@@ -147,7 +147,7 @@ void TevBasicViewer::RetireShape(ShapeViewCache::Entry& entry)
     // The actor stays in m_shapeActors; without its mapper it holds no geometry.
     entry.actor->SetMapper(nullptr);
     m_retiredShapes.push_back(entry.occ);
-    ShapeViewCache::Release(entry);
+    entry.picker = nullptr;
 }
 
 void TevBasicViewer::AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker)
@@ -281,11 +281,12 @@ void TevBasicViewer::PruneRetiredShapes()
     if (m_retiredShapes.empty()) return;
     std::set<const IVtkOCC_Shape*> named;
     for (const auto& entry : m_shapeByName) named.insert(entry.second);
-    m_retiredShapes.erase(std::remove_if(m_retiredShapes.begin(), m_retiredShapes.end(),
-                                         [&named](const IVtkOCC_Shape::Handle& occ) {
-                                             return !named.count(occ.get()) && !Selected(occ.get());
-                                         }),
-                          m_retiredShapes.end());
+    auto unreferenced = std::partition(m_retiredShapes.begin(), m_retiredShapes.end(),
+                                       [&named](const IVtkOCC_Shape::Handle& occ) {
+                                           return named.count(occ.get()) || Selected(occ.get());
+                                       });
+    std::for_each(unreferenced, m_retiredShapes.end(), ShapeViewCache::Unlink);
+    m_retiredShapes.erase(unreferenced, m_retiredShapes.end());
 }
 
 std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> TevBasicViewer::PickCandidates(
