@@ -4,7 +4,7 @@
 #include "ShapeDocMgr.h"
 
 #include <TCollection_ExtendedString.hxx>
-#include <TDF_LabelSequence.hxx>
+#include <TDF_ChildIterator.hxx>
 #include <TDataStd_Name.hxx>
 #include <TDocStd_Document.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
@@ -20,13 +20,12 @@ ShapeLabelMgr* ShapeLabelMgr::GetInstance()
 
 std::vector<TopoDS_Shape> ShapeLabelMgr::GetAllShapes()
 {
-    TDF_LabelSequence labels;
-    ShapeDocMgr::GetInstance()->GetShapeTool()->GetShapes(labels);
+    // The labels XCAFDoc_ShapeTool::GetShapes would list, each shape read once: a rebuild and
+    // every snap query read the whole list.
     std::vector<TopoDS_Shape> shapes;
-    shapes.reserve(labels.Length());
-    for (const TDF_Label& label : labels) {
-        TopoDS_Shape shape = XCAFDoc_ShapeTool::GetShape(label);
-        if (!shape.IsNull()) shapes.push_back(shape);
+    for (TDF_ChildIterator it(ShapeDocMgr::GetInstance()->GetShapeTool()->Label()); it.More(); it.Next()) {
+        TopoDS_Shape shape;
+        if (XCAFDoc_ShapeTool::GetShape(it.Value(), shape) && !shape.IsNull()) shapes.push_back(shape);
     }
     return shapes;
 }
@@ -61,7 +60,11 @@ TDF_Label ShapeLabelMgr::FindLabel(const TopoDS_Shape& shape)
 QString ShapeLabelMgr::GetShapeName(TopoDS_Shape* shape)
 {
     if (!shape) return QString();
-    TDF_Label label = FindLabel(*shape);
+    return GetLabelName(FindLabel(*shape));
+}
+
+QString ShapeLabelMgr::GetLabelName(const TDF_Label& label)
+{
     opencascade::handle<TDataStd_Name> name;
     if (label.IsNull() || !label.FindAttribute(TDataStd_Name::GetID(), name)) return QString();
     const TCollection_ExtendedString& text = name->Get();

@@ -33,6 +33,8 @@ public:
 
     // The name on the shape's label in ShapeDocMgr's document; empty for a shape it does not hold.
     QString GetShapeName(TopoDS_Shape* shape);
+    // The name on `label`; empty for a null label or one without a name.
+    static QString GetLabelName(const TDF_Label& label);
     // The label of a top-level shape of ShapeDocMgr's document; null when it is not there.
     TDF_Label FindLabel(const TopoDS_Shape& shape);
 

@@ -1,5 +1,7 @@
 #include "BrepSnapMgr.h"
 
+#include "DisplayProjection.h"
+#include "ShapeBounds.h"
 #include "ShapeLabelMgr.h"
 #include "TevBasicViewer.h"
 #include "TevPreference.h"
@@ -12,11 +14,11 @@
 #include <QObject>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
-#include <TopoDS_Edge.hxx>
 #include <TopoDS_Vertex.hxx>
 #include <vtkRenderer.h>
 
 #include <cmath>
+#include <memory>
 
 BrepSnapMgr::BrepSnapMgr()
     : m_pickPoint{0, 0, 0},
@@ -25,6 +27,7 @@ BrepSnapMgr::BrepSnapMgr()
       m_tolerance(5.0),
       m_gridToleranceSq(25.0),
       m_snapRenderer(nullptr),
+      m_snapViewer(nullptr),
       m_displayX(0),
       m_displayY(0)
 {
@@ -40,6 +43,7 @@ void BrepSnapMgr::InitGridData(std::vector<gp_Pnt> points)
 
 bool BrepSnapMgr::BeginSnap(double* const point, gp_Dir dir, TevBasicViewer* viewer)
 {
+    m_snapViewer = viewer;
     m_snapRenderer = viewer->GetDefaultRender().GetPointer();
     if (!m_snapRenderer) return false;
     const gp_Pnt2d d = Get2DCoordinate(gp_Pnt(point[0], point[1], point[2]));
@@ -137,19 +141,24 @@ void BrepSnapMgr::SnapOnGeometry()
     std::vector<TopoDS_Shape> shapes;
     GetAllSnappabledGeometry(shapes);
     const TevPreference* pref = TevPreference::GetInstance();
-    for (const TopoDS_Shape& shape : shapes) {
-        if (pref->snapOnLine) SnapOnLines(shape);
+    // A shape's passes run only where its box lets them hit: the box grown by the tolerance
+    // must meet the view ray (world units), or its picture come within the tolerance of the
+    // cursor (pixels, scaled to device pixels). Shapes the viewer does not show have no box and are always tested.
+    const bool cull = m_snapViewer && ShapeBounds::CullingEnabled();
+    std::unique_ptr<DisplayProjection> projection;
+    if (cull) projection.reset(new DisplayProjection(m_snapRenderer));
+    const gp_Pnt origin(m_pickPoint[0], m_pickPoint[1], m_pickPoint[2]);
+    for (size_t i = 0; i < shapes.size(); ++i) {
+        const TopoDS_Shape& shape = shapes[i];
+        const Bnd_Box* box = cull ? m_snapViewer->FindShapeBox(shape, i) : nullptr;
+        if (pref->snapOnLine && (!box || ShapeBounds::LineMayReach(*box, origin, m_viewDir, m_tolerance)))
+            SnapOnLines(shape);
+        if (!pref->snapMiddle && !pref->snapEndPoint) continue;
+        // Display distances are device pixels, as in the exact tests below.
+        if (box && !projection->MayReach(*box, m_displayX, m_displayY, m_tolerance * m_pixelScale)) continue;
         if (pref->snapMiddle) SnapOnMiddles(shape);
         if (pref->snapEndPoint) SnapOnVertices(shape);
     }
-}
-
-// The edge's 3D curve and range, or null for an edge without one.
-static opencascade::handle<Geom_Curve> EdgeCurve(const TopoDS_Shape& current, double& first, double& last)
-{
-    TopoDS_Edge edge = TopoDS::Edge(current);
-    edge.Infinite(Standard_False);
-    return BRep_Tool::Curve(edge, first, last);
 }
 
 void BrepSnapMgr::SnapOnLines(const TopoDS_Shape& shape)
@@ -160,7 +169,7 @@ void BrepSnapMgr::SnapOnLines(const TopoDS_Shape& shape)
     const double rayLast = ray->LastParameter();
     for (TopExp_Explorer exp(shape, TopAbs_EDGE, TopAbs_SHAPE); exp.More(); exp.Next()) {
         double first = 0, last = 0;
-        opencascade::handle<Geom_Curve> curve = EdgeCurve(exp.Current(), first, last);
+        opencascade::handle<Geom_Curve> curve = ShapeBounds::EdgeCurve(exp.Current(), first, last);
         if (curve.IsNull()) continue;
         GeomAPI_ExtremaCurveCurve extrema(ray, curve, rayFirst, rayLast, first, last);
         // An edge parallel to the ray has no single nearest point; its ends snap as vertices.
@@ -180,7 +189,7 @@ void BrepSnapMgr::SnapOnMiddles(const TopoDS_Shape& shape)
 {
     for (TopExp_Explorer exp(shape, TopAbs_EDGE, TopAbs_SHAPE); exp.More(); exp.Next()) {
         double first = 0, last = 0;
-        opencascade::handle<Geom_Curve> curve = EdgeCurve(exp.Current(), first, last);
+        opencascade::handle<Geom_Curve> curve = ShapeBounds::EdgeCurve(exp.Current(), first, last);
         if (curve.IsNull()) continue;
         const gp_Pnt q = curve->Value((first + last) * 0.5);
         const double d = PixelDistanceTo(q);

@@ -2,9 +2,11 @@
 // mid-point, a vertex or a point of an edge, for every shape of the document.
 //
 // One object serves one call: the point picker makes one per mouse move and deletes it after.
-// The snap kinds that are on are read from TevPreference at each call. Nothing is cached: every
-// call visits every edge of every shape. There is no scoring: hits are kept in the order found,
-// and the single-result overloads keep the last hit.
+// The snap kinds that are on are read from TevPreference at each call. There is no scoring: hits
+// are kept in the order found, and the single-result overloads keep the last hit. The passes
+// skip a shape whose box, kept by the viewer with the shape's actor, the query cannot reach;
+// that changes neither the hits nor their order, only the cost, which no longer grows with the
+// shapes far from the cursor.
 //
 // Failures are not caught here (the viewer's boundary does that), with one deliberate guard: an
 // edge parallel to the view ray is skipped by the on-line kind instead of taking the first
@@ -84,6 +86,7 @@ private:
     // distances are device pixels, the pixel tolerances are scaled by it.
     double m_pixelScale = 1.0;
     vtkRenderer* m_snapRenderer;
+    TevBasicViewer* m_snapViewer;  // not owned; the viewer of the last A or C call, for its boxes
     double m_displayX;
     double m_displayY;
 };

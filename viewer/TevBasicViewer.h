@@ -44,6 +44,7 @@
 #define TEVBASICVIEWER_H
 
 #include "QVTKWidget.h"
+#include "ShapeViewCache.h"
 
 #include <Geom_Plane.hxx>
 #include <QPoint>
@@ -121,9 +122,13 @@ public:
     MOUSE_OP_MODE GetCurrentOperationMode() const { return m_mouseOpMode; }
     const std::string& GetName() const { return m_name; }
 
-    // Redraw entries. RefreshViewer rebuilds every shape's actor and picker from the document
-    // and keeps the selection; UpdateRefreshViewer does the same and clears the selection;
-    // UpdateViewer only redraws.
+    // Redraw entries. RefreshViewer rebuilds the picture from the document and keeps the
+    // selection; UpdateRefreshViewer does the same and clears the selection; UpdateViewer only
+    // redraws. A rebuild keeps the actor, data source and picker of every shape whose TShape,
+    // location and orientation are unchanged, gives them their look from the label again, and
+    // makes new ones only for new shapes; what it drops holds no geometry afterwards. Unlike the
+    // plain rebuild, the TShape and name maps then hold only the shapes of this build (and the
+    // names of shapes the selection still points into), so stale entries no longer pile up.
     void UpdateViewer();
     void RefreshViewer();
     void UpdateRefreshViewer();
@@ -137,6 +142,13 @@ public:
     double GetShapeOpacity(TopoDS_Shape* shape);
     void SetShapeVisibility(TopoDS_Shape* shape, bool visible);
     bool GetShapeVisiblity(TopoDS_Shape* shape);
+    // The world box of what snaps and picks can reach on a shape of the picture (same TShape,
+    // location and orientation), kept since the shape was added; null for any other shape.
+    // `position`, the shape's place in ShapeLabelMgr::GetAllShapes(), only speeds the look-up.
+    const Bnd_Box* FindShapeBox(const TopoDS_Shape& shape, size_t position) const
+    {
+        return m_shapeViews.BoxAt(position, shape);
+    }
 
     // The snap ring at a snap hit; null takes the ring (and the debugging image) away.
     void RenderSnapPoint(sSnapResult* result);
@@ -245,6 +257,18 @@ private:
     void CheckLevelAction(QAction* checked);
 
     void AddShape(TopoDS_Shape* shape);
+    // The rebuild of RefreshViewer and UpdateRefreshViewer: keeps what is unchanged, adds what
+    // is new, retires the rest.
+    void RebuildShapes(std::vector<TopoDS_Shape>& shapes);
+    void ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry);
+    void RetireShape(ShapeViewCache::Entry& entry);
+    // Name entries that no shape of the last build wrote stay only while the selection points
+    // into their shape.
+    void KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& previous);
+    // The entries of m_pickerByShape, in key order, whose shape's box shows near display
+    // position `pos`: the only pickers a point pick there can hit. Every key of m_pickerByShape
+    // has an entry in m_shapeViews, since both are written together.
+    std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> PickCandidates(const int* pos);
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker);
     void AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<vtkActor> actor);
     void AddShapeMap(IVtkOCC_Shape* occ, QString name);
@@ -254,7 +278,6 @@ private:
     vtkSmartPointer<vtkActor> ActorOf(TopoDS_Shape* shape);
     // Shapes of earlier builds stay alive while the selection or the name map still points
     // into them, so that reading either after a rebuild never touches freed memory.
-    void RetireShapes();
     void PruneRetiredShapes();
 
     void InitSnapRender();
@@ -327,6 +350,10 @@ private:
     vis_Model* m_femModel;
     std::vector<opencascade::handle<IVtkOCC_Shape>> m_retiredShapes;
     int m_boundaryDepth = 0;  // failure boundaries entered and not yet left
+    ShapeViewCache m_shapeViews;
+    // Set when a level slot changed the pickers' modes: the next rebuild turns the modes of the
+    // pickers it keeps back to those of a new picker.
+    bool m_pickModesChanged = false;
 };
 
 #endif

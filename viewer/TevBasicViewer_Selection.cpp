@@ -1,8 +1,8 @@
 // TevBasicViewer: picking at the left release and the highlight of the selection.
 //
-// Every shape has its own IVtkTools_ShapePicker; a pick asks each visible shape's picker in turn
-// and takes every hit, not only the front one, which is why Tab cycles a cursor through the
-// selection. The level decides whether whole shapes (3, 4) or faces and edges (2, 1) are taken.
+// Every shape has its own IVtkTools_ShapePicker; a point pick asks each visible shape's picker in
+// turn whose box shows near the point (no other can hit) and takes every hit, not only the front
+// one, which is why Tab cycles a cursor through the selection. The level decides whether whole shapes (3, 4) or faces and edges (2, 1) are taken.
 #include "TevBasicViewer.h"
 
 #include "DrawerOutput.h"
@@ -27,7 +27,8 @@ void TevBasicViewer::OnLButtonDownMultiPicker(QMouseEvent*)
         emit m_signal_SelChange("");
     }
     const int* pos = GetInteractor()->GetEventPosition();
-    for (auto& entry : m_pickerByShape) {
+    // Only the pickers of shapes whose box comes near the point, still in key order.
+    for (auto& entry : PickCandidates(pos)) {
         IVtkOCC_Shape* occ = entry.first;
         vtkSmartPointer<vtkActor> actor = m_actorByShape[occ];
         if (actor && !actor->GetVisibility()) continue;
@@ -210,6 +211,7 @@ void TevBasicViewer::RemoveHighLihgt()
 
 void TevBasicViewer::ApplySelectionModes(const std::vector<std::pair<int, bool>>& modes)
 {
+    m_pickModesChanged = true;
     for (auto& entry : m_pickerByShape) {
         IVtk_IShape::Handle occ(entry.first);
         for (const auto& mode : modes)

@@ -1,21 +1,29 @@
 // TevBasicViewer: the picture of the document. Every change of the model is followed by a
-// rebuild: all shape actors and pickers are thrown away and made again from
-// ShapeLabelMgr::GetAllShapes(). Nothing updates one shape's actor in place.
+// rebuild from ShapeLabelMgr::GetAllShapes(). A rebuild keeps what it built for each shape that
+// is still there unchanged (same TShape, location and orientation): the IVtkOCC_Shape, its
+// picker, the actor with its data source, and the shape's box; it builds the rest new and
+// retires what the document no longer holds. A retired actor keeps no mapper, a retired picker
+// is let go, and a retired IVtkOCC_Shape lives on only while the selection points into it.
 #include "TevBasicViewer.h"
 
 #include "DrawerOutput.h"
 #include "SelectionMgr.h"
+#include "DisplayProjection.h"
+#include "ShapeBounds.h"
 #include "ShapeLabelMgr.h"
+#include "ShapeActorLook.h"
 #include "ShapeRenderTool.h"
 
 #include <IVtkOCC_Shape.hxx>
 #include <IVtkTools_ShapePicker.hxx>
 #include <QByteArray>
 #include <vtkActor.h>
+#include <vtkMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
 
 #include <algorithm>
+#include <set>
 
 void TevBasicViewer::UpdateViewer()
 {
@@ -24,30 +32,57 @@ void TevBasicViewer::UpdateViewer()
 
 void TevBasicViewer::RefreshViewer()
 {
-    RemoveAllViewShapes();
     std::vector<TopoDS_Shape> shapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    for (TopoDS_Shape& shape : shapes) AddShape(&shape);
-    PruneRetiredShapes();
+    RebuildShapes(shapes);
     FinishRedraw();
 }
 
 void TevBasicViewer::UpdateRefreshViewer()
 {
-    RemoveAllViewShapes();
     SelectionMgr::GetInstance()->ClearSelList();
     m_allShapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    for (TopoDS_Shape& shape : m_allShapes) AddShape(&shape);
-    PruneRetiredShapes();
+    RebuildShapes(m_allShapes);
     FinishRedraw();
 }
 
 void TevBasicViewer::RemoveAllViewShapes()
 {
-    RetireShapes();
+    for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
     m_pickerByShape.clear();
-    for (auto& entry : m_actorByShape) m_renderer->RemoveActor(entry.second);
     m_actorByShape.clear();
     RemoveHighLihgt();
+}
+
+void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes)
+{
+    RemoveHighLihgt();
+    m_pickerByShape.clear();
+    m_actorByShape.clear();
+    // Rewritten for the shapes of this build only: stale keys would keep old shapes alive.
+    m_actorByTShape.clear();
+    std::map<QString, IVtkOCC_Shape*> previousNames;
+    previousNames.swap(m_shapeByName);
+
+    std::vector<ShapeViewCache::Entry> kept;
+    kept.reserve(shapes.size());
+    for (TopoDS_Shape& shape : shapes) {
+        kept.emplace_back();
+        if (!m_shapeViews.Take(shape, kept.back())) kept.pop_back();
+    }
+    // What the document no longer holds (or holds changed) leaves before anything is added.
+    for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
+    m_shapeViews.ClearOrder();
+
+    auto next = kept.begin();
+    for (TopoDS_Shape& shape : shapes) {
+        if (next != kept.end() && next->shape.IsEqual(shape))
+            ReuseShape(&shape, std::move(*next++));
+        else
+            AddShape(&shape);
+    }
+    m_pickModesChanged = false;
+    KeepSelectedNames(previousNames);
+    PruneRetiredShapes();
 }
 
 void TevBasicViewer::RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor)
@@ -68,6 +103,11 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     picker->SetSelectionMode(occ, SM_Edge, true);
 
     vtkSmartPointer<vtkActor> actor = ShapeRenderTool::CreateActorForShape(*shape);
+    // The shape never changes under its actor (a changed shape gets a new one), so the data
+    // is made once here and the mapper is static: bounds and renders of the kept actors then
+    // skip the pipeline, which every rebuild's clipping range would otherwise ask of each.
+    actor->GetMapper()->Update();
+    actor->GetMapper()->StaticOn();
     m_shapeActors.push_back(actor);
     m_renderer->AddActor(actor);
 
@@ -75,6 +115,39 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     AddShapeMap(occ.get(), actor);
     AddShapeMap(shape, actor);
     AddShapeMap(occ.get(), ShapeLabelMgr::GetInstance()->GetShapeName(shape));
+    m_shapeViews.Add({*shape, occ, picker, actor, ShapeBounds::Of(*shape)});
+}
+
+void TevBasicViewer::ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry)
+{
+    IVtkOCC_Shape* occ = entry.occ.get();
+    if (m_pickModesChanged) {
+        // Back to the modes of a new picker: all off, then the three of AddShape in its order.
+        for (int mode = SM_Shape; mode <= SM_Compound; ++mode)
+            entry.picker->SetSelectionMode(entry.occ, static_cast<IVtk_SelectionMode>(mode), false);
+        entry.picker->SetSelectionMode(entry.occ, SM_Solid, true);
+        entry.picker->SetSelectionMode(entry.occ, SM_Face, true);
+        entry.picker->SetSelectionMode(entry.occ, SM_Edge, true);
+    }
+    // One look-up of the label serves the look and the name.
+    const TDF_Label label = ShapeLabelMgr::GetInstance()->FindLabel(*shape);
+    ShapeActorLook::Apply(entry.actor, label);
+    m_shapeActors.push_back(entry.actor);
+
+    AddShapeMap(occ, entry.picker);
+    AddShapeMap(occ, entry.actor);
+    AddShapeMap(shape, entry.actor);
+    AddShapeMap(occ, ShapeLabelMgr::GetLabelName(label));
+    m_shapeViews.Add(std::move(entry));
+}
+
+void TevBasicViewer::RetireShape(ShapeViewCache::Entry& entry)
+{
+    m_renderer->RemoveActor(entry.actor);
+    // The actor stays in m_shapeActors; without its mapper it holds no geometry.
+    entry.actor->SetMapper(nullptr);
+    m_retiredShapes.push_back(entry.occ);
+    entry.picker = nullptr;
 }
 
 void TevBasicViewer::AddShapeMap(IVtkOCC_Shape* occ, vtkSmartPointer<IVtkTools_ShapePicker> picker)
@@ -187,11 +260,6 @@ void TevBasicViewer::m_Slot_DisplayByPoint()
     });
 }
 
-void TevBasicViewer::RetireShapes()
-{
-    for (auto& entry : m_pickerByShape) m_retiredShapes.emplace_back(entry.first);
-}
-
 // Whether `entry` is the shape of `occ` or one of its sub-shapes, by address.
 static bool PointsInto(const TopoDS_Shape* entry, const IVtkOCC_Shape* occ)
 {
@@ -200,17 +268,47 @@ static bool PointsInto(const TopoDS_Shape* entry, const IVtkOCC_Shape* occ)
     return id > 0 && &occ->GetSubShape(id) == entry;
 }
 
+// Whether an entry of the selection points into `occ`.
+static bool Selected(const IVtkOCC_Shape* occ)
+{
+    for (const TopoDS_Shape* entry : SelectionMgr::GetInstance()->GetshapeList())
+        if (PointsInto(entry, occ)) return true;
+    return false;
+}
+
+void TevBasicViewer::KeepSelectedNames(const std::map<QString, IVtkOCC_Shape*>& previous)
+{
+    for (const auto& named : previous)
+        if (!m_shapeByName.count(named.first) && Selected(named.second)) m_shapeByName.insert(named);
+}
+
 void TevBasicViewer::PruneRetiredShapes()
 {
-    const std::vector<const TopoDS_Shape*>& selection = SelectionMgr::GetInstance()->GetshapeList();
-    auto referenced = [this, &selection](const IVtkOCC_Shape::Handle& occ) {
-        for (const auto& named : m_shapeByName)
-            if (named.second == occ.get()) return true;
-        for (const TopoDS_Shape* entry : selection)
-            if (PointsInto(entry, occ.get())) return true;
-        return false;
-    };
-    m_retiredShapes.erase(std::remove_if(m_retiredShapes.begin(), m_retiredShapes.end(),
-                                         [&referenced](const IVtkOCC_Shape::Handle& occ) { return !referenced(occ); }),
-                          m_retiredShapes.end());
+    if (m_retiredShapes.empty()) return;
+    std::set<const IVtkOCC_Shape*> named;
+    for (const auto& entry : m_shapeByName) named.insert(entry.second);
+    auto unreferenced = std::partition(m_retiredShapes.begin(), m_retiredShapes.end(),
+                                       [&named](const IVtkOCC_Shape::Handle& occ) {
+                                           return named.count(occ.get()) || Selected(occ.get());
+                                       });
+    std::for_each(unreferenced, m_retiredShapes.end(), ShapeViewCache::Unlink);
+    m_retiredShapes.erase(unreferenced, m_retiredShapes.end());
+}
+
+std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> TevBasicViewer::PickCandidates(
+    const int* pos)
+{
+    std::vector<std::pair<IVtkOCC_Shape*, vtkSmartPointer<IVtkTools_ShapePicker>>> found;
+    if (!ShapeBounds::CullingEnabled()) {
+        found.assign(m_pickerByShape.begin(), m_pickerByShape.end());
+        return found;
+    }
+    // The picker's own reach around its sensitive entities is a couple of pixels.
+    const double kPickRadius = 8.0;
+    const DisplayProjection projection(m_renderer);
+    for (const IVtkOCC_Shape* occ : m_shapeViews.Reaching(projection, pos[0], pos[1], kPickRadius)) {
+        auto it = m_pickerByShape.find(const_cast<IVtkOCC_Shape*>(occ));
+        if (it != m_pickerByShape.end()) found.push_back(*it);
+    }
+    return found;
 }

@@ -12,22 +12,9 @@
 
 namespace {
 
-class BrepSnapMgrTest : public tevtest::SnapSceneTest
+class BrepSnapMgrTest : public tevtest::SnapDocumentTest
 {
 protected:
-    void SetUp() override
-    {
-        SnapSceneTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        TevPreference::GetInstance()->Reset();
-        ExactCamera();
-    }
-    void TearDown() override
-    {
-        TevPreference::GetInstance()->Reset();
-        SnapSceneTest::TearDown();
-    }
-
     static void Line(gp_Pnt a, gp_Pnt b) { LineShapeParaCreator().CreateLine(a, b); }
 
     static void Only(bool endPoint, bool middle, bool grid, bool onLine)

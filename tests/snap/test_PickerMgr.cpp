@@ -15,21 +15,9 @@
 
 namespace {
 
-class PickerMgrTest : public tevtest::SnapSceneTest
+class PickerMgrTest : public tevtest::SnapDocumentTest
 {
 protected:
-    void SetUp() override
-    {
-        SnapSceneTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        TevPreference::GetInstance()->Reset();
-        ExactCamera();
-    }
-    void TearDown() override
-    {
-        TevPreference::GetInstance()->Reset();
-        SnapSceneTest::TearDown();
-    }
     gp_Pnt Pick(double x, double y, double z)
     {
         return PickerMgr::GetInstance()->GetPickPoint(viewer.get(), gp_Pnt(x, y, z));

@@ -5,6 +5,8 @@
 #ifndef SNAPSCENE_H
 #define SNAPSCENE_H
 
+#include "ShapeDocMgr.h"
+#include "TevPreference.h"
 #include "ViewerFixture.h"
 
 #include <vtkCamera.h>
@@ -44,6 +46,25 @@ protected:
         r->WorldToDisplay();
         out[0] = r->GetDisplayPoint()[0];
         out[1] = r->GetDisplayPoint()[1];
+    }
+};
+
+// The same with an empty document, the snap preferences at their defaults and the exact camera,
+// the preferences reset again afterwards.
+class SnapDocumentTest : public SnapSceneTest
+{
+protected:
+    void SetUp() override
+    {
+        SnapSceneTest::SetUp();
+        ShapeDocMgr::GetInstance()->NewDocument();
+        TevPreference::GetInstance()->Reset();
+        ExactCamera();
+    }
+    void TearDown() override
+    {
+        TevPreference::GetInstance()->Reset();
+        SnapSceneTest::TearDown();
     }
 };
 

@@ -1,0 +1,107 @@
+// Draws short lines one after another through the same path as a click of the line operation
+// (the creator inside a transaction, then RefreshViewer) up to 100, 1,000 and 5,000 shapes, and
+// prints the resident memory per shape and the time of the step that adds the last shape.
+// Needs a display:
+//   xvfb-run -a build/bench/bench_scene [largest count]
+//
+// The picture is rendered every 50 steps and at each report, so that every actor has built its
+// tessellation and graphics buffers when memory is read.
+#include "BenchSupport.h"
+#include "LineShapeParaCreator.h"
+#include "ShapeDocMgr.h"
+#include "TevBasicViewer.h"
+
+#include <QApplication>
+#include <QSurfaceFormat>
+#include <QVTKOpenGLNativeWidget.h>
+#include <vtkRenderWindow.h>
+#include <vtkRenderer.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+double ResidentKb()
+{
+    long pages = 0, resident = 0;
+    if (FILE* f = std::fopen("/proc/self/statm", "r")) {
+        if (std::fscanf(f, "%ld %ld", &pages, &resident) != 2) resident = 0;
+        std::fclose(f);
+    }
+    return resident * (sysconf(_SC_PAGESIZE) / 1024.0);
+}
+
+double WallMs()
+{
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+struct Step {
+    double wall, cpu;
+};
+
+// One click's work: the i-th line, 3 units long, on a lattice of pitch 5.
+Step AddLine(TevBasicViewer* viewer, int i)
+{
+    const double x = (i % 100) * 5.0, y = (i / 100) * 5.0;
+    gp_Pnt a(x, y, 0), b(x + 3.0, y + 1.0, 0);
+    const double wall = WallMs(), cpu = bench::ThreadCpuMs();
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    LineShapeParaCreator().CreateLine(a, b);
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    viewer->RefreshViewer();
+    return {WallMs() - wall, bench::ThreadCpuMs() - cpu};
+}
+
+void Render(TevBasicViewer* viewer)
+{
+    viewer->GetDefaultRender()->ResetCamera();
+    viewer->GetRenderWindow()->Render();
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QSurfaceFormat::setDefaultFormat(QVTKOpenGLNativeWidget::defaultFormat());
+    QApplication app(argc, argv);
+    TevBasicViewer viewer;
+    bench::ShowViewer(viewer, "bench_scene");
+    ShapeDocMgr::GetInstance()->NewDocument();
+    viewer.RefreshViewer();
+    Render(&viewer);
+
+    const int largest = argc > 1 ? std::atoi(argv[1]) : 5000;
+    std::vector<int> reports;
+    for (int n : {100, 1000, 5000})
+        if (n <= largest) reports.push_back(n);
+    const int window = 100;  // memory per shape of the last shapes is read over this many steps
+
+    std::printf("%7s %12s %12s %14s %12s %12s %12s\n", "shapes", "RSS MB", "KB/shape", "KB/shape last", "last ms",
+                "last cpu ms", "median ms");
+    const double base = ResidentKb();
+    double windowStart = base;
+    std::vector<double> recent;
+    for (int i = 1; i <= reports.back(); ++i) {
+        const Step step = AddLine(&viewer, i - 1);
+        recent.push_back(step.wall);
+        if (recent.size() > 11) recent.erase(recent.begin());
+        const bool report = std::find(reports.begin(), reports.end(), i) != reports.end();
+        const bool windowOpens = std::find(reports.begin(), reports.end(), i + window) != reports.end();
+        if (i % 50 == 0 || report || windowOpens) Render(&viewer);
+        if (windowOpens) windowStart = ResidentKb();
+        if (!report) continue;
+        const double rss = ResidentKb();
+        std::vector<double> sorted = recent;
+        std::sort(sorted.begin(), sorted.end());
+        std::printf("%7d %12.1f %12.1f %14.1f %12.2f %12.2f %12.2f\n", i, rss / 1024.0, (rss - base) / i,
+                    (rss - windowStart) / std::min(window, i), step.wall, step.cpu, sorted[sorted.size() / 2]);
+        std::fflush(stdout);
+    }
+    return 0;
+}
