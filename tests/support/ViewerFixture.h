@@ -5,6 +5,8 @@
 
 #include "DrawOpCommon.h"
 #include "DrawOpMgr.h"
+#include "SelectionMgr.h"
+#include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
 #include <QTest>
@@ -56,6 +58,23 @@ protected:
     virtual std::string ViewerName() const { return "TevPlatform"; }
 
     std::unique_ptr<TevBasicViewer> viewer;
+};
+
+// A ViewerTest over a new, empty document and an empty selection, which it empties again after.
+class DocumentViewerTest : public ViewerTest
+{
+protected:
+    void SetUp() override
+    {
+        ViewerTest::SetUp();
+        ShapeDocMgr::GetInstance()->NewDocument();
+        SelectionMgr::GetInstance()->ClearSelList();
+    }
+    void TearDown() override
+    {
+        SelectionMgr::GetInstance()->ClearSelList();
+        ViewerTest::TearDown();
+    }
 };
 
 }  // namespace tevtest

@@ -28,25 +28,14 @@
 
 #include <string>
 
-using tevtest::ViewerTest;
+using tevtest::DocumentViewerTest;
 using tevtest::WorldToWidget;
 
 namespace {
 
-class SelectionTest : public ViewerTest
+class SelectionTest : public DocumentViewerTest
 {
 protected:
-    void SetUp() override
-    {
-        ViewerTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        SelectionMgr::GetInstance()->ClearSelList();
-    }
-    void TearDown() override
-    {
-        SelectionMgr::GetInstance()->ClearSelList();
-        ViewerTest::TearDown();
-    }
 
     // A box from (x, y, z) with sides dx, dy, dz, made through the creator in a transaction.
     static void Box(double x, double y, double z, double dx, double dy, double dz)

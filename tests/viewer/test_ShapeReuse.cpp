@@ -24,25 +24,18 @@
 
 #include <random>
 
-using tevtest::ViewerTest;
+using tevtest::DocumentViewerTest;
 using tevtest::WorldToWidget;
 
 namespace {
 
-class ShapeReuseTest : public ViewerTest
+class ShapeReuseTest : public DocumentViewerTest
 {
 protected:
-    void SetUp() override
-    {
-        ViewerTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        SelectionMgr::GetInstance()->ClearSelList();
-    }
     void TearDown() override
     {
         ShapeBounds::EnableCulling(true);
-        SelectionMgr::GetInstance()->ClearSelList();
-        ViewerTest::TearDown();
+        DocumentViewerTest::TearDown();
     }
 
     static void Box(double x, double y, double side = 10)

@@ -25,24 +25,13 @@
 #include <vtkPropCollection.h>
 #include <vtkRenderer.h>
 
-using tevtest::ViewerTest;
+using tevtest::DocumentViewerTest;
 
 namespace {
 
-class WorkPlaneTest : public ViewerTest
+class WorkPlaneTest : public DocumentViewerTest
 {
 protected:
-    void SetUp() override
-    {
-        ViewerTest::SetUp();
-        ShapeDocMgr::GetInstance()->NewDocument();
-        SelectionMgr::GetInstance()->ClearSelList();
-    }
-    void TearDown() override
-    {
-        SelectionMgr::GetInstance()->ClearSelList();
-        ViewerTest::TearDown();
-    }
 
     // Runs the slot with every message box answered; returns their texts in order.
     std::vector<QString> SetFaceAsWorkPlane(int boxes)
