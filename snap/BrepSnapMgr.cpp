@@ -143,7 +143,8 @@ void BrepSnapMgr::SnapOnGeometry()
     const TevPreference* pref = TevPreference::GetInstance();
     // A shape's passes run only where its box lets them hit: the box grown by the tolerance
     // must meet the view ray (world units), or its picture come within the tolerance of the
-    // cursor (pixels, scaled to device pixels). Shapes the viewer does not show have no box and are always tested.
+    // cursor (pixels, scaled to device pixels). Shapes the viewer does not show have no box and
+    // are always tested.
     const bool cull = m_snapViewer && ShapeBounds::CullingEnabled();
     std::unique_ptr<DisplayProjection> projection;
     if (cull) projection.reset(new DisplayProjection(m_snapRenderer));
@@ -154,8 +155,7 @@ void BrepSnapMgr::SnapOnGeometry()
         if (pref->snapOnLine && (!box || ShapeBounds::LineMayReach(*box, origin, m_viewDir, m_tolerance)))
             SnapOnLines(shape);
         if (!pref->snapMiddle && !pref->snapEndPoint) continue;
-        // Display distances are device pixels, as in the exact tests below.
-        if (box && !projection->MayReach(*box, m_displayX, m_displayY, m_tolerance * m_pixelScale)) continue;
+        if (box && !projection->MayReach(*box, m_displayX, m_displayY, DevicePixelTolerance())) continue;
         if (pref->snapMiddle) SnapOnMiddles(shape);
         if (pref->snapEndPoint) SnapOnVertices(shape);
     }
@@ -193,7 +193,7 @@ void BrepSnapMgr::SnapOnMiddles(const TopoDS_Shape& shape)
         if (curve.IsNull()) continue;
         const gp_Pnt q = curve->Value((first + last) * 0.5);
         const double d = PixelDistanceTo(q);
-        if (m_tolerance * m_pixelScale >= d) Hit(SNAP_MIDDLE, q, d);
+        if (DevicePixelTolerance() >= d) Hit(SNAP_MIDDLE, q, d);
     }
 }
 
@@ -202,6 +202,6 @@ void BrepSnapMgr::SnapOnVertices(const TopoDS_Shape& shape)
     for (TopExp_Explorer exp(shape, TopAbs_VERTEX, TopAbs_SHAPE); exp.More(); exp.Next()) {
         const gp_Pnt q = BRep_Tool::Pnt(TopoDS::Vertex(exp.Current()));
         const double d = PixelDistanceTo(q);
-        if (m_tolerance * m_pixelScale >= d) Hit(SNAP_END_POINT, q, d);
+        if (DevicePixelTolerance() >= d) Hit(SNAP_END_POINT, q, d);
     }
 }

@@ -68,6 +68,8 @@ private:
     void SnapOnLines(const TopoDS_Shape& shape);
     void SnapOnMiddles(const TopoDS_Shape& shape);
     void SnapOnVertices(const TopoDS_Shape& shape);
+    // The pixel tolerance of mid-points and vertices in display (device) pixels.
+    double DevicePixelTolerance() const { return m_tolerance * m_pixelScale; }
     // Records one hit as the current result and appends it.
     void Hit(int type, const gp_Pnt& point, double distance);
     double PixelDistanceTo(const gp_Pnt& p);

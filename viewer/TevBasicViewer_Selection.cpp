@@ -1,8 +1,9 @@
 // TevBasicViewer: picking at the left release and the highlight of the selection.
 //
-// Every shape has its own IVtkTools_ShapePicker; a point pick asks each visible shape's picker in
-// turn whose box shows near the point (no other can hit) and takes every hit, not only the front
-// one, which is why Tab cycles a cursor through the selection. The level decides whether whole shapes (3, 4) or faces and edges (2, 1) are taken.
+// Every shape has its own IVtkTools_ShapePicker; a point pick asks in turn the picker of each
+// visible shape whose box shows near the point (no other can hit) and takes every hit, not only
+// the front one, which is why Tab cycles a cursor through the selection. The level decides
+// whether whole shapes (3, 4) or faces and edges (2, 1) are taken.
 #include "TevBasicViewer.h"
 
 #include "DrawerOutput.h"

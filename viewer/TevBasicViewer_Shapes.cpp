@@ -6,12 +6,12 @@
 // is let go, and a retired IVtkOCC_Shape lives on only while the selection points into it.
 #include "TevBasicViewer.h"
 
+#include "DisplayProjection.h"
 #include "DrawerOutput.h"
 #include "SelectionMgr.h"
-#include "DisplayProjection.h"
+#include "ShapeActorLook.h"
 #include "ShapeBounds.h"
 #include "ShapeLabelMgr.h"
-#include "ShapeActorLook.h"
 #include "ShapeRenderTool.h"
 
 #include <IVtkOCC_Shape.hxx>
