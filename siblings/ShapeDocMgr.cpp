@@ -33,22 +33,40 @@ void ShapeDocMgr::NewDocument()
     // Creates the shape tool's label now, outside any transaction, so that undoing the first
     // change never takes the tool itself away.
     XCAFDoc_DocumentTool::ShapeTool(m_Doc->Main());
+    m_untracked = false;
+    ++m_revision;
+}
+
+bool ShapeDocMgr::RevisionIsCurrent() const
+{
+    return !m_untracked && !m_Doc->HasOpenCommand();
+}
+
+void ShapeDocMgr::NoteUntrackedAccess()
+{
+    if (!m_Doc->HasOpenCommand()) m_untracked = true;
 }
 
 void ShapeDocMgr::StartTransaction()
 {
-    if (m_Doc->HasOpenCommand()) m_Doc->CommitCommand();
+    EndTransaction();
+    // Whatever happened since an untracked access counts as one change.
+    if (m_untracked) ++m_revision;
+    m_untracked = false;
     m_Doc->NewCommand();
 }
 
 void ShapeDocMgr::EndTransaction()
 {
-    if (m_Doc->HasOpenCommand()) m_Doc->CommitCommand();
+    // CommitCommand is false for a transaction that changed nothing.
+    if (m_Doc->HasOpenCommand() && m_Doc->CommitCommand()) ++m_revision;
 }
 
 void ShapeDocMgr::AbortTransaction()
 {
-    if (m_Doc->HasOpenCommand()) m_Doc->AbortCommand();
+    if (!m_Doc->HasOpenCommand()) return;
+    m_Doc->AbortCommand();
+    ++m_revision;
 }
 
 bool ShapeDocMgr::HasOpenTransaction() const
@@ -59,13 +77,17 @@ bool ShapeDocMgr::HasOpenTransaction() const
 bool ShapeDocMgr::Undo()
 {
     EndTransaction();
-    return m_Doc->Undo();
+    if (!m_Doc->Undo()) return false;
+    ++m_revision;
+    return true;
 }
 
 bool ShapeDocMgr::Redo()
 {
     EndTransaction();
-    return m_Doc->Redo();
+    if (!m_Doc->Redo()) return false;
+    ++m_revision;
+    return true;
 }
 
 int ShapeDocMgr::GetAvailableUndos() const
@@ -90,10 +112,17 @@ int ShapeDocMgr::GetUndoLimit() const
 
 opencascade::handle<TDocStd_Document> ShapeDocMgr::GetDoc()
 {
+    NoteUntrackedAccess();
     return m_Doc;
 }
 
 opencascade::handle<XCAFDoc_ShapeTool> ShapeDocMgr::GetShapeTool()
+{
+    NoteUntrackedAccess();
+    return GetShapeToolToRead();
+}
+
+opencascade::handle<XCAFDoc_ShapeTool> ShapeDocMgr::GetShapeToolToRead() const
 {
     return XCAFDoc_DocumentTool::ShapeTool(m_Doc->Main());
 }

@@ -4,6 +4,13 @@
 // A change of the document is bracketed by StartTransaction and EndTransaction; one bracket is
 // one undo step. A caller that left a transaction open (an error path) does not lose its change:
 // the next StartTransaction commits it first, so the history always stays consistent.
+//
+// Readers that keep what they read between calls (ShapeLabelMgr's shape list, read by a snap
+// query on every mouse move) ask Revision() whether the document changed. The revision moves with
+// every change the manager sees. A change made outside a transaction is not seen: GetDoc() and
+// GetShapeTool() called while no transaction is open therefore leave the revision not current
+// until the next transaction starts, and code that changes the document through a handle kept
+// from earlier calls MarkChanged().
 #ifndef SHAPEDOCMGR_H
 #define SHAPEDOCMGR_H
 
@@ -36,18 +43,35 @@ public:
     void SetUndoLimit(int limit);
     int GetUndoLimit() const;
 
+    // The document and its shape tool, to read or to change.
     opencascade::handle<TDocStd_Document> GetDoc();
     opencascade::handle<XCAFDoc_ShapeTool> GetShapeTool();
+    // The same for code that only reads: these never count as a possible change.
+    opencascade::handle<TDocStd_Document> GetDocToRead() const { return m_Doc; }
+    opencascade::handle<XCAFDoc_ShapeTool> GetShapeToolToRead() const;
+
+    // A number that moves on with every change the manager sees: a transaction committed with
+    // a change, an abort, an undo, a redo, a new document, MarkChanged().
+    unsigned long Revision() const { return m_revision; }
+    // Whether the document can have changed only with the revision moving: false inside an open
+    // transaction and after an access that may have been an untracked change.
+    bool RevisionIsCurrent() const;
+    // Says that the document was changed outside a transaction through a kept handle.
+    void MarkChanged() { ++m_revision; }
 
     // Closes the current document and starts an empty one with an empty history.
     void NewDocument();
 
 private:
     ShapeDocMgr();
+    // GetDoc or GetShapeTool outside a transaction: perhaps a change the revision cannot see.
+    void NoteUntrackedAccess();
 
     static ShapeDocMgr* m_Instance;
     opencascade::handle<TDocStd_Application> m_App;
     opencascade::handle<TDocStd_Document> m_Doc;
+    unsigned long m_revision = 0;
+    bool m_untracked = false;
 };
 
 #endif

@@ -20,14 +20,51 @@ ShapeLabelMgr* ShapeLabelMgr::GetInstance()
 
 std::vector<TopoDS_Shape> ShapeLabelMgr::GetAllShapes()
 {
-    // The labels XCAFDoc_ShapeTool::GetShapes would list, each shape read once: a rebuild and
-    // every snap query read the whole list.
+    Sync();
     std::vector<TopoDS_Shape> shapes;
-    for (TDF_ChildIterator it(ShapeDocMgr::GetInstance()->GetShapeTool()->Label()); it.More(); it.Next()) {
-        TopoDS_Shape shape;
-        if (XCAFDoc_ShapeTool::GetShape(it.Value(), shape) && !shape.IsNull()) shapes.push_back(shape);
-    }
+    shapes.reserve(m_list.size());
+    for (const Listed& entry : m_list) shapes.push_back(entry.shape);
     return shapes;
+}
+
+void ShapeLabelMgr::GetAllShapes(std::vector<TopoDS_Shape>& shapes, std::vector<TDF_Label>& labels)
+{
+    Sync();
+    shapes.clear();
+    labels.clear();
+    for (const Listed& entry : m_list) {
+        shapes.push_back(entry.shape);
+        labels.push_back(entry.label);
+    }
+}
+
+// The labels XCAFDoc_ShapeTool::GetShapes would list: the shape tool's children with a shape.
+static bool ReadShape(const TDF_Label& label, TopoDS_Shape& shape)
+{
+    return XCAFDoc_ShapeTool::GetShape(label, shape) && !shape.IsNull();
+}
+
+void ShapeLabelMgr::ReadAll()
+{
+    m_list.clear();
+    for (TDF_ChildIterator it(ShapeDocMgr::GetInstance()->GetShapeToolToRead()->Label()); it.More(); it.Next()) {
+        TopoDS_Shape shape;
+        if (ReadShape(it.Value(), shape)) m_list.push_back({it.Value(), shape});
+    }
+}
+
+void ShapeLabelMgr::Sync()
+{
+    const ShapeDocMgr* docs = ShapeDocMgr::GetInstance();
+    if (m_listRead && docs->RevisionIsCurrent() && m_listRevision == docs->Revision()) return;
+    ReadAll();
+    m_listRevision = docs->Revision();
+    m_listRead = true;
+}
+
+void ShapeLabelMgr::ReadAgain()
+{
+    m_listRead = false;
 }
 
 void ShapeLabelMgr::AddNewShapeToDoc(opencascade::handle<TDocStd_Document> doc, TopoDS_Shape shape)
@@ -46,6 +83,9 @@ TDF_Label ShapeLabelMgr::AddShapeToDoc(const opencascade::handle<TDocStd_Documen
     TDataStd_Name::Set(label, TCollection_ExtendedString(name.toUtf8().constData(), Standard_True));
     // Every shape of the document carries the common attributes, made in the same change.
     BaseShapeParaCreator::InitCommonAttribute(label);
+    // Outside a transaction the revision cannot see this change by itself.
+    ShapeDocMgr* docs = ShapeDocMgr::GetInstance();
+    if (doc == docs->GetDocToRead() && !doc->HasOpenCommand()) docs->MarkChanged();
     return label;
 }
 
@@ -53,7 +93,7 @@ TDF_Label ShapeLabelMgr::FindLabel(const TopoDS_Shape& shape)
 {
     TDF_Label label;
     if (shape.IsNull()) return label;
-    ShapeDocMgr::GetInstance()->GetShapeTool()->FindShape(shape, label, Standard_False);
+    ShapeDocMgr::GetInstance()->GetShapeToolToRead()->FindShape(shape, label, Standard_False);
     return label;
 }
 

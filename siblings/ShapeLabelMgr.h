@@ -1,5 +1,8 @@
 // ShapeLabelMgr: the registry of the document's shapes. Every top-level shape of the document's
 // shape tool is one entry, with a name kept on its label.
+//
+// The list is kept between calls and read again when ShapeDocMgr's revision says the document
+// may have changed, so that a snap query on each mouse move does not read the whole document.
 #ifndef SHAPELABELMGR_H
 #define SHAPELABELMGR_H
 
@@ -20,6 +23,12 @@ public:
     // All top-level shapes of ShapeDocMgr's document, in the order of their labels, which is
     // the order in which they were added: stable across calls and refreshes.
     std::vector<TopoDS_Shape> GetAllShapes();
+    // The same into `shapes`, with the shapes' labels in the same order into `labels`; both are
+    // overwritten, keeping their capacity for a caller that reads often.
+    void GetAllShapes(std::vector<TopoDS_Shape>& shapes, std::vector<TDF_Label>& labels);
+    // Makes the next call read the document again, for a caller that may have changed it behind
+    // ShapeDocMgr's back. Every rebuild of a viewer does this.
+    void ReadAgain();
 
     // Registers a shape that no creator made, named after its type ("Edge_7"), with the default
     // common attributes of BaseShapeParaCreator.
@@ -43,7 +52,18 @@ public:
 
 private:
     ShapeLabelMgr() = default;
+    // Reads the document again unless its revision says nothing changed since the last read.
+    void Sync();
+    void ReadAll();
+
+    struct Listed {
+        TDF_Label label;
+        TopoDS_Shape shape;
+    };
     static ShapeLabelMgr* m_Instance;
+    std::vector<Listed> m_list;
+    unsigned long m_listRevision = 0;
+    bool m_listRead = false;
 };
 
 #endif

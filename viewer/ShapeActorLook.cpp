@@ -5,26 +5,34 @@
 #include <vtkActor.h>
 #include <vtkProperty.h>
 
-void ShapeActorLook::Apply(vtkActor* actor, const TDF_Label& label)
+ShapeActorLook ShapeActorLook::Read(const TDF_Label& label)
+{
+    ShapeActorLook look;
+    if (label.IsNull()) return look;
+    gp_Pnt colour(0.8, 0.0, 0.8);
+    TDF_Label found = label;
+    BaseShapeParaCreator().GetCommonAttribute(found, look.m_visible, look.m_opacity, colour);
+    look.m_colour[0] = colour.X();
+    look.m_colour[1] = colour.Y();
+    look.m_colour[2] = colour.Z();
+    return look;
+}
+
+void ShapeActorLook::Apply(vtkActor* actor) const
 {
     vtkProperty* prop = actor->GetProperty();
     prop->SetLineWidth(2.0);
     prop->SetLighting(true);
     prop->SetEdgeVisibility(false);
     prop->SetInterpolationToGouraud();
-    prop->SetColor(0.8, 0.0, 0.8);
     prop->SetRepresentationToSurface();
-    prop->SetOpacity(1.0);
-    actor->SetVisibility(true);
+    prop->SetColor(m_colour[0], m_colour[1], m_colour[2]);
+    prop->SetOpacity(m_opacity);
+    actor->SetVisibility(m_visible);
+}
 
-    if (label.IsNull()) return;
-
-    bool visible = true;
-    double opacity = 1.0;
-    gp_Pnt colour(0.8, 0.0, 0.8);
-    TDF_Label found = label;
-    BaseShapeParaCreator().GetCommonAttribute(found, visible, opacity, colour);
-    prop->SetColor(colour.X(), colour.Y(), colour.Z());
-    prop->SetOpacity(opacity);
-    actor->SetVisibility(visible);
+bool ShapeActorLook::operator==(const ShapeActorLook& other) const
+{
+    return m_visible == other.m_visible && m_opacity == other.m_opacity && m_colour[0] == other.m_colour[0] &&
+           m_colour[1] == other.m_colour[1] && m_colour[2] == other.m_colour[2];
 }

@@ -12,8 +12,19 @@ class vtkActor;
 class ShapeActorLook
 {
 public:
-    // `label` is the shape's label in the document, null for a shape the document does not hold.
-    static void Apply(vtkActor* actor, const TDF_Label& label);
+    // The look kept on `label`: the shape's label in the document, null for a shape the
+    // document does not hold (the defaults then).
+    static ShapeActorLook Read(const TDF_Label& label);
+    void Apply(vtkActor* actor) const;
+    static void Apply(vtkActor* actor, const TDF_Label& label) { Read(label).Apply(actor); }
+
+    bool operator==(const ShapeActorLook& other) const;
+    bool operator!=(const ShapeActorLook& other) const { return !(*this == other); }
+
+private:
+    bool m_visible = true;
+    double m_opacity = 1.0;
+    double m_colour[3] = {0.8, 0.0, 0.8};
 };
 
 #endif

@@ -20,7 +20,7 @@ vtkSmartPointer<vtkActor> ShapeRenderTool::CreateActorForShape(TopoDS_Shape& sha
     auto actor = vtkSmartPointer<vtkActor>::New();
     actor->SetMapper(mapper);
 
-    opencascade::handle<TDocStd_Document> doc = ShapeDocMgr::GetInstance()->GetDoc();
+    opencascade::handle<TDocStd_Document> doc = ShapeDocMgr::GetInstance()->GetDocToRead();
     ShapeActorLook::Apply(actor, XCAFDoc_DocumentTool::ShapeTool(doc->Main())->FindShape(shape, Standard_False));
     return actor;
 }

@@ -1,6 +1,7 @@
 #include "ShapeViewCache.h"
 
 #include "DisplayProjection.h"
+#include "ShapeLabelMgr.h"
 
 #include <IVtkTools_ShapePicker.hxx>
 #include <TopTools_OrientedShapeMapHasher.hxx>
@@ -18,7 +19,7 @@ size_t ShapeViewCache::Hash::operator()(const TopoDS_Shape& s) const
 void ShapeViewCache::Add(Entry entry)
 {
     const IVtkOCC_Shape* occ = entry.occ.get();
-    m_ordered.emplace_back(entry.shape, entry.box);
+    m_ordered.push_back({entry.shape, entry.box, entry.actor.GetPointer(), TDF_Label(), TDF_Label(), 0, {}, {}});
     auto it = m_byShape.emplace(entry.shape, std::move(entry));
     m_byOcc[occ] = &it->second;
     m_packedStale = true;
@@ -55,8 +56,36 @@ const Bnd_Box* ShapeViewCache::BoxOf(const TopoDS_Shape& shape) const
 
 const Bnd_Box* ShapeViewCache::BoxAt(size_t position, const TopoDS_Shape& shape) const
 {
-    if (position < m_ordered.size() && m_ordered[position].first.IsEqual(shape)) return &m_ordered[position].second;
+    if (position < m_ordered.size() && m_ordered[position].shape.IsEqual(shape)) return &m_ordered[position].box;
     return BoxOf(shape);
+}
+
+void ShapeViewCache::StampOrder(const std::vector<TDF_Label>& labels, size_t first)
+{
+    for (size_t i = first; i < m_ordered.size() && i < labels.size(); ++i) {
+        m_ordered[i].label = labels[i];
+        m_ordered[i].source = ShapeLabelMgr::GetInstance()->FindLabel(m_ordered[i].shape);
+        m_ordered[i].name = ShapeLabelMgr::GetLabelName(m_ordered[i].source);
+        Restamp(i, ShapeActorLook::Read(m_ordered[i].source));
+    }
+}
+
+void ShapeViewCache::Restamp(size_t position, const ShapeActorLook& look)
+{
+    m_ordered[position].look = look;
+    m_ordered[position].stamp = m_ordered[position].actor->GetMTime();
+}
+
+size_t ShapeViewCache::KeptPrefix(const std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels) const
+{
+    const size_t n = std::min({m_ordered.size(), shapes.size(), labels.size()});
+    size_t i = 0;
+    for (; i < n; ++i) {
+        const Placed& placed = m_ordered[i];
+        if (placed.label.IsNull() || labels[i] != placed.label || !placed.shape.IsEqual(shapes[i])) break;
+        if (placed.actor->GetMTime() != placed.stamp) break;
+    }
+    return i;
 }
 
 const Bnd_Box* ShapeViewCache::BoxOf(const IVtkOCC_Shape* occ) const

@@ -5,10 +5,15 @@
 #ifndef SHAPEVIEWCACHE_H
 #define SHAPEVIEWCACHE_H
 
+#include "ShapeActorLook.h"
+
 #include <Bnd_Box.hxx>
 #include <IVtkOCC_Shape.hxx>
+#include <QString>
+#include <TDF_Label.hxx>
 #include <TopoDS_Shape.hxx>
 #include <vtkSmartPointer.h>
+#include <vtkType.h>
 
 #include <cstddef>
 #include <unordered_map>
@@ -38,6 +43,21 @@ public:
     // which a rebuild makes the document's order.
     void Add(Entry entry);
     void ClearOrder() { m_ordered.clear(); }
+    size_t OrderSize() const { return m_ordered.size(); }
+    vtkActor* ActorAt(size_t position) const { return m_ordered[position].actor; }
+    const ShapeActorLook& LookAt(size_t position) const { return m_ordered[position].look; }
+    const QString& NameAt(size_t position) const { return m_ordered[position].name; }
+    // The label that gave the shape at `position` its look and name: the one the document finds
+    // for the shape, which for a shape held twice is the first.
+    const TDF_Label& SourceAt(size_t position) const { return m_ordered[position].source; }
+    // Notes, for the entries in order from `first` on, the label each shape came from (`labels`
+    // in the same order), the look and name it was given, and the actor's modification time.
+    void StampOrder(const std::vector<TDF_Label>& labels, size_t first);
+    // The same after `look` was applied again to the actor at `position`.
+    void Restamp(size_t position, const ShapeActorLook& look);
+    // The number of leading entries in order that show the same shape at the same place from
+    // the same label, with an actor that nobody changed since it was stamped.
+    size_t KeptPrefix(const std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels) const;
     // Moves the entry of `shape` into `out` and forgets it; false when there is none.
     bool Take(const TopoDS_Shape& shape, Entry& out);
     // Moves every entry out, in no particular order.
@@ -72,7 +92,17 @@ private:
 
     std::unordered_multimap<TopoDS_Shape, Entry, Hash, Same> m_byShape;
     std::unordered_map<const IVtkOCC_Shape*, const Entry*> m_byOcc;
-    std::vector<std::pair<TopoDS_Shape, Bnd_Box>> m_ordered;
+    struct Placed {
+        TopoDS_Shape shape;
+        Bnd_Box box;
+        vtkActor* actor;  // owned by the entry
+        TDF_Label label;
+        TDF_Label source;
+        vtkMTimeType stamp;
+        ShapeActorLook look;
+        QString name;
+    };
+    std::vector<Placed> m_ordered;
     mutable std::vector<std::pair<const IVtkOCC_Shape*, Bnd_Box>> m_packed;
     mutable bool m_packedStale = false;
 };

@@ -141,7 +141,7 @@ void TevBasicViewer::EventToWorld(QMouseEvent* event, double world[3])
 
 void TevBasicViewer::FinishRedraw()
 {
-    if (m_renderer) m_renderer->ResetCameraClippingRange();
+    if (m_renderer) m_propBounds.ResetClippingRange(m_renderer);
     update();
     emit m_signal_ViewerUpdated();
 }

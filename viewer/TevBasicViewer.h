@@ -44,6 +44,7 @@
 #define TEVBASICVIEWER_H
 
 #include "QVTKWidget.h"
+#include "PropBoundsCache.h"
 #include "ShapeViewCache.h"
 
 #include <Geom_Plane.hxx>
@@ -258,8 +259,17 @@ private:
 
     void AddShape(TopoDS_Shape* shape);
     // The rebuild of RefreshViewer and UpdateRefreshViewer: keeps what is unchanged, adds what
-    // is new, retires the rest.
-    void RebuildShapes(std::vector<TopoDS_Shape>& shapes);
+    // is new, retires the rest. `labels` are the shapes' labels, in the same order.
+    void RebuildShapes(std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels);
+    // The rebuild after a change that only added shapes at the end of the document's list (a
+    // click of a drawing operation): when every shape of the last build is still at its place,
+    // from the same label under the same name, with an actor nobody changed, it only applies
+    // changed looks and appends the new shapes, leaving the maps as they are, which is what the
+    // full rebuild would make of them. False, doing nothing, when that cannot be told for sure.
+    bool AppendShapes(std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels);
+    // ShapeLabelMgr's shapes into `shapes` and their labels into m_readLabels, read from the
+    // document again.
+    void ReadDocumentShapes(std::vector<TopoDS_Shape>& shapes);
     void ReuseShape(TopoDS_Shape* shape, ShapeViewCache::Entry entry);
     void RetireShape(ShapeViewCache::Entry& entry);
     // Name entries that no shape of the last build wrote stay only while the selection points
@@ -354,6 +364,14 @@ private:
     // Set when a level slot changed the pickers' modes: the next rebuild turns the modes of the
     // pickers it keeps back to those of a new picker.
     bool m_pickModesChanged = false;
+    // Set when a map was written outside a rebuild: the next rebuild is a full one.
+    bool m_mapsTouched = false;
+    PropBoundsCache m_propBounds;
+    // What a rebuild reads, kept between rebuilds so that a click's rebuild allocates nothing in
+    // proportion to the whole document.
+    std::vector<TopoDS_Shape> m_readShapes;
+    std::vector<TDF_Label> m_readLabels;
+    std::vector<ShapeActorLook> m_readLooks;
 };
 
 #endif

@@ -4,6 +4,10 @@
 // picker, the actor with its data source, and the shape's box; it builds the rest new and
 // retires what the document no longer holds. A retired actor keeps no mapper, a retired picker
 // is let go, and a retired IVtkOCC_Shape lives on only while the selection points into it.
+//
+// The common rebuild, after a click that added a shape at the end of the document's list, takes
+// a short way that leaves the maps of the shapes already shown untouched (AppendShapes); it still
+// reads every label's name and look, so what it shows is what the full rebuild would show.
 #include "TevBasicViewer.h"
 
 #include "DisplayProjection.h"
@@ -19,6 +23,7 @@
 #include <QByteArray>
 #include <vtkActor.h>
 #include <vtkMapper.h>
+#include <vtkPolyData.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
 
@@ -32,17 +37,25 @@ void TevBasicViewer::UpdateViewer()
 
 void TevBasicViewer::RefreshViewer()
 {
-    std::vector<TopoDS_Shape> shapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    RebuildShapes(shapes);
+    ReadDocumentShapes(m_readShapes);
+    RebuildShapes(m_readShapes, m_readLabels);
     FinishRedraw();
 }
 
 void TevBasicViewer::UpdateRefreshViewer()
 {
     SelectionMgr::GetInstance()->ClearSelList();
-    m_allShapes = ShapeLabelMgr::GetInstance()->GetAllShapes();
-    RebuildShapes(m_allShapes);
+    ReadDocumentShapes(m_allShapes);
+    RebuildShapes(m_allShapes, m_readLabels);
     FinishRedraw();
+}
+
+void TevBasicViewer::ReadDocumentShapes(std::vector<TopoDS_Shape>& shapes)
+{
+    // A rebuild is the caller's word that the document changed, whatever the revision says.
+    ShapeLabelMgr* registry = ShapeLabelMgr::GetInstance();
+    registry->ReadAgain();
+    registry->GetAllShapes(shapes, m_readLabels);
 }
 
 void TevBasicViewer::RemoveAllViewShapes()
@@ -50,11 +63,45 @@ void TevBasicViewer::RemoveAllViewShapes()
     for (ShapeViewCache::Entry& entry : m_shapeViews.TakeAll()) RetireShape(entry);
     m_pickerByShape.clear();
     m_actorByShape.clear();
+    m_mapsTouched = true;
     RemoveHighLihgt();
 }
 
-void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes)
+bool TevBasicViewer::AppendShapes(std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels)
 {
+    // Level changes, stray map entries and retired shapes kept for the selection all need the
+    // full rebuild's clean-up.
+    if (m_pickModesChanged || m_mapsTouched || !m_retiredShapes.empty() || labels.size() != shapes.size())
+        return false;
+    const size_t kept = m_shapeViews.OrderSize();
+    if (shapes.size() < kept || m_shapeViews.KeptPrefix(shapes, labels) != kept) return false;
+    // Names and looks come from the labels again, as in every rebuild; a renamed shape needs
+    // the name map rebuilt.
+    std::vector<ShapeActorLook>& looks = m_readLooks;
+    looks.clear();
+    for (size_t i = 0; i < kept; ++i) {
+        const TDF_Label& source = m_shapeViews.SourceAt(i);
+        if (ShapeLabelMgr::GetLabelName(source) != m_shapeViews.NameAt(i)) return false;
+        looks.push_back(ShapeActorLook::Read(source));
+    }
+
+    RemoveHighLihgt();
+    for (size_t i = 0; i < kept; ++i) {
+        vtkActor* actor = m_shapeViews.ActorAt(i);
+        if (looks[i] != m_shapeViews.LookAt(i)) {
+            looks[i].Apply(actor);
+            m_shapeViews.Restamp(i, looks[i]);
+        }
+        m_shapeActors.push_back(actor);
+    }
+    for (size_t i = kept; i < shapes.size(); ++i) AddShape(&shapes[i]);
+    m_shapeViews.StampOrder(labels, kept);
+    return true;
+}
+
+void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes, const std::vector<TDF_Label>& labels)
+{
+    if (AppendShapes(shapes, labels)) return;
     RemoveHighLihgt();
     m_pickerByShape.clear();
     m_actorByShape.clear();
@@ -83,6 +130,8 @@ void TevBasicViewer::RebuildShapes(std::vector<TopoDS_Shape>& shapes)
     m_pickModesChanged = false;
     KeepSelectedNames(previousNames);
     PruneRetiredShapes();
+    m_shapeViews.StampOrder(labels, 0);
+    m_mapsTouched = false;
 }
 
 void TevBasicViewer::RemoveTempRenderActor(vtkSmartPointer<vtkActor> actor)
@@ -108,6 +157,9 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     // skip the pipeline, which every rebuild's clipping range would otherwise ask of each.
     actor->GetMapper()->Update();
     actor->GetMapper()->StaticOn();
+    // The bridge's data starts with room for a thousand cells of each kind (about 48 KB),
+    // which the shape's few cells never use: give it back.
+    if (vtkPolyData* data = vtkPolyData::SafeDownCast(actor->GetMapper()->GetInput())) data->Squeeze();
     m_shapeActors.push_back(actor);
     m_renderer->AddActor(actor);
 
@@ -172,11 +224,13 @@ void TevBasicViewer::AddShapeMap(TopoDS_Shape* shape, vtkSmartPointer<vtkActor> 
 
 void TevBasicViewer::RemoveShape(IVtkOCC_Shape* occ)
 {
+    m_mapsTouched = true;
     m_pickerByShape.erase(occ);
 }
 
 void TevBasicViewer::RemoveShape(const TopoDS_Shape* shape)
 {
+    m_mapsTouched = true;
     auto samePicker = std::find_if(m_pickerByShape.begin(), m_pickerByShape.end(), [shape](const auto& e) {
         return e.first->GetShape().TShape() == shape->TShape();
     });
@@ -194,6 +248,9 @@ void TevBasicViewer::RemoveShape(const TopoDS_Shape* shape)
 // The actor of a shape by its TShape; an unknown shape leaves an empty entry behind.
 vtkSmartPointer<vtkActor> TevBasicViewer::ActorOf(TopoDS_Shape* shape)
 {
+    auto it = m_actorByTShape.find(shape->TShape());
+    if (it != m_actorByTShape.end()) return it->second;
+    m_mapsTouched = true;
     return m_actorByTShape[shape->TShape()];
 }
 

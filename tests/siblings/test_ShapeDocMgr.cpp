@@ -129,3 +129,64 @@ TEST_F(ShapeDocMgrTest, NewDocumentStartsEmptyWithoutHistory)
 }
 
 }  // namespace
+
+// The revision moves once per change the manager sees, and never for a transaction that changed
+// nothing: readers that keep what they read rely on both.
+TEST_F(ShapeDocMgrTest, TheRevisionMovesWithEveryChangeAndOnlyThen)
+{
+    ShapeDocMgr* mgr = ShapeDocMgr::GetInstance();
+    unsigned long r = mgr->Revision();
+    EXPECT_TRUE(mgr->RevisionIsCurrent());
+
+    mgr->StartTransaction();
+    EXPECT_FALSE(mgr->RevisionIsCurrent());  // open: changes not yet counted
+    mgr->EndTransaction();
+    EXPECT_EQ(mgr->Revision(), r);  // empty transaction: no change
+    EXPECT_TRUE(mgr->RevisionIsCurrent());
+
+    mgr->StartTransaction();
+    AddBox(1);
+    mgr->EndTransaction();
+    EXPECT_EQ(mgr->Revision(), ++r);
+
+    mgr->StartTransaction();
+    AddBox(2);
+    mgr->AbortTransaction();
+    EXPECT_EQ(mgr->Revision(), ++r);
+
+    ASSERT_TRUE(mgr->Undo());
+    EXPECT_EQ(mgr->Revision(), ++r);
+    ASSERT_TRUE(mgr->Redo());
+    EXPECT_EQ(mgr->Revision(), ++r);
+    EXPECT_FALSE(mgr->Redo());  // nothing to redo: no change
+    EXPECT_EQ(mgr->Revision(), r);
+
+    mgr->MarkChanged();
+    EXPECT_EQ(mgr->Revision(), ++r);
+    mgr->NewDocument();
+    EXPECT_EQ(mgr->Revision(), ++r);
+}
+
+// GetDoc outside a transaction may be the start of a change nobody counts: until the next
+// transaction starts, readers must not trust the revision, and that start counts as a change.
+TEST_F(ShapeDocMgrTest, AnAccessOutsideATransactionMakesTheRevisionUncertainUntilTheNextOne)
+{
+    ShapeDocMgr* mgr = ShapeDocMgr::GetInstance();
+    const unsigned long r = mgr->Revision();
+    mgr->GetDocToRead();
+    mgr->GetShapeToolToRead();
+    EXPECT_TRUE(mgr->RevisionIsCurrent());  // readers' accessors never count
+    mgr->GetDoc();
+    EXPECT_FALSE(mgr->RevisionIsCurrent());
+    mgr->StartTransaction();
+    mgr->EndTransaction();
+    EXPECT_TRUE(mgr->RevisionIsCurrent());
+    EXPECT_EQ(mgr->Revision(), r + 1);
+    mgr->GetShapeTool();
+    EXPECT_FALSE(mgr->RevisionIsCurrent());
+    // Inside a transaction an access is covered by the transaction's own commit.
+    mgr->StartTransaction();
+    mgr->GetDoc();
+    mgr->EndTransaction();
+    EXPECT_TRUE(mgr->RevisionIsCurrent());
+}

@@ -85,3 +85,68 @@ TEST_F(ShapeLabelMgrTest, TypeNames)
 }
 
 }  // namespace
+
+namespace {
+
+size_t AddBoxInTransaction(double dx)
+{
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    ShapeLabelMgr::GetInstance()->AddNewShapeToDoc(ShapeDocMgr::GetInstance()->GetDoc(),
+                                                   BRepPrimAPI_MakeBox(dx, 1, 1).Shape());
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    return ShapeLabelMgr::GetInstance()->GetAllShapes().size();
+}
+
+}  // namespace
+
+// The list is kept between calls, yet every change through the managers shows at once: a
+// transaction, an undo, a shape tool taken outside a transaction, a kept document handle.
+TEST_F(ShapeLabelMgrTest, TheKeptListFollowsEveryChangeTheManagersSee)
+{
+    EXPECT_EQ(AddBoxInTransaction(1), 1u);
+    EXPECT_EQ(AddBoxInTransaction(2), 2u);
+    ShapeDocMgr::GetInstance()->Undo();
+    EXPECT_EQ(reg->GetAllShapes().size(), 1u);
+
+    // Outside a transaction, through the shape tool: the access itself makes the list unsure.
+    TopoDS_Shape sphere = BRepPrimAPI_MakeSphere(2).Shape();
+    ShapeDocMgr::GetInstance()->GetShapeTool()->AddShape(sphere, Standard_False, Standard_False);
+    std::vector<TopoDS_Shape> all = reg->GetAllShapes();
+    ASSERT_EQ(all.size(), 2u);
+    EXPECT_TRUE(all[1].IsSame(sphere));
+
+    // A document handle kept from earlier and AddShapeToDoc outside a transaction.
+    opencascade::handle<TDocStd_Document> kept = doc();
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    reg->GetAllShapes();
+    reg->AddShapeToDoc(kept, BRepPrimAPI_MakeBox(3, 1, 1).Shape(), "Kept");
+    EXPECT_EQ(reg->GetAllShapes().size(), 3u);
+
+    // GetAllShapes and the form with labels agree, in order.
+    std::vector<TopoDS_Shape> shapes;
+    std::vector<TDF_Label> labels;
+    reg->GetAllShapes(shapes, labels);
+    ASSERT_EQ(shapes.size(), 3u);
+    ASSERT_EQ(labels.size(), 3u);
+    for (size_t i = 0; i < shapes.size(); ++i) EXPECT_TRUE(reg->FindLabel(shapes[i]) == labels[i]);
+}
+
+// Deliberate limit of the kept list: a change made through a handle kept from before, outside a
+// transaction and without MarkChanged, is seen only after ReadAgain (every viewer rebuild calls
+// it) or the manager's next change.
+TEST_F(ShapeLabelMgrTest, AChangeBehindTheManagersBacksShowsAfterReadAgainOrMarkChanged)
+{
+    AddBoxInTransaction(1);
+    opencascade::handle<XCAFDoc_ShapeTool> tool = ShapeDocMgr::GetInstance()->GetShapeTool();
+    ShapeDocMgr::GetInstance()->StartTransaction();
+    ShapeDocMgr::GetInstance()->EndTransaction();
+    EXPECT_EQ(reg->GetAllShapes().size(), 1u);
+    tool->AddShape(BRepPrimAPI_MakeSphere(1).Shape(), Standard_False, Standard_False);
+    EXPECT_EQ(reg->GetAllShapes().size(), 1u);
+    reg->ReadAgain();
+    EXPECT_EQ(reg->GetAllShapes().size(), 2u);
+    tool->AddShape(BRepPrimAPI_MakeSphere(2).Shape(), Standard_False, Standard_False);
+    ShapeDocMgr::GetInstance()->MarkChanged();
+    EXPECT_EQ(reg->GetAllShapes().size(), 3u);
+}

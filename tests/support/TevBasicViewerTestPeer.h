@@ -30,6 +30,8 @@ public:
     static vtkSmartPointer<vtkActor> CurrentSelActor(const TevBasicViewer& v) { return v.m_currentSelActor; }
     static int SelectLevel(const TevBasicViewer& v) { return v.m_selectLevel; }
     static int CurrentSelIndex(const TevBasicViewer& v) { return v.m_currentSelIndex; }
+    // Makes the next rebuild a full one, as after a change it cannot follow.
+    static void ForceFullRebuild(TevBasicViewer& v) { v.m_mapsTouched = true; }
 };
 
 #endif

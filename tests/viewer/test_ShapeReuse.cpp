@@ -2,6 +2,7 @@
 // IVtkOCC_Shape; a new or changed shape (undo, redo, a Boolean) gets new ones; what a rebuild
 // drops is freed, and the name map forgets names that neither the document nor the selection
 // still holds. Also the point pick culled by the shapes' boxes against the exhaustive pick.
+#include "BaseShapeParaCreator.h"
 #include "BoxShapeParaCreator.h"
 #include "GeometryOp.h"
 #include "LineShapeParaCreator.h"
@@ -17,11 +18,14 @@
 #include <IVtkTools_ShapePicker.hxx>
 #include <TDataStd_Name.hxx>
 #include <vtkAlgorithm.h>
+#include <vtkCamera.h>
 #include <vtkMapper.h>
 #include <vtkPropCollection.h>
+#include <vtkProperty.h>
 #include <vtkRenderer.h>
 #include <vtkWeakPointer.h>
 
+#include <algorithm>
 #include <random>
 
 using tevtest::DocumentViewerTest;
@@ -296,3 +300,106 @@ TEST_F(ShapeReuseTest, ThePointPickCulledByBoxesSelectsWhatTheExhaustivePickSele
 }
 
 }  // namespace
+
+namespace {
+
+// What a picture is, as the host and the selection can tell: names, shapes and looks.
+struct PictureSummary {
+    std::vector<QString> names;
+    size_t pickers = 0, actors = 0, tshapes = 0;
+    std::vector<std::vector<double>> looks;  // per name: r, g, b, opacity, visibility
+};
+
+PictureSummary Summarise(const TevBasicViewer& v)
+{
+    PictureSummary s;
+    const auto& byName = TevBasicViewerTestPeer::ShapeByName(v);
+    const auto& actors = TevBasicViewerTestPeer::ActorByShape(v);
+    for (const auto& entry : byName) {
+        s.names.push_back(entry.first);
+        vtkActor* actor = actors.at(entry.second);
+        const double* c = actor->GetProperty()->GetColor();
+        s.looks.push_back({c[0], c[1], c[2], actor->GetProperty()->GetOpacity(), double(actor->GetVisibility())});
+    }
+    s.pickers = TevBasicViewerTestPeer::PickerByShape(v).size();
+    s.actors = actors.size();
+    s.tshapes = TevBasicViewerTestPeer::ActorByTShapeCount(v);
+    return s;
+}
+
+}  // namespace
+
+// A refresh after a click that only added shapes takes a short way (the shapes already shown
+// stay as they are); a second viewer over the same document is made to rebuild fully each time.
+// After every step both pictures agree: the same names, maps and looks, with label changes made
+// between the steps (outside any transaction, through a kept label) picked up by both.
+TEST_F(ShapeReuseTest, AddingShapesByClicksLeavesThePictureAFullRebuildWouldMake)
+{
+    auto full = tevtest::MakeShownViewer();
+    size_t growth = 0;
+    for (int step = 0; step < 6; ++step) {
+        Box(step * 20.0, 0);
+        if (step == 2) {
+            // A colour kept on the label of a shape already shown.
+            TDF_Label first = ShapeLabelMgr::GetInstance()->FindLabel(All()[0]);
+            BaseShapeParaCreator().SetCommonAttribute(first, true, 0.5, gp_Pnt(0.0, 1.0, 0.0));
+        }
+        if (step == 4) TDataStd_Name::Set(ShapeLabelMgr::GetInstance()->FindLabel(All()[1]), "Renamed");
+        viewer->RefreshViewer();
+        TevBasicViewerTestPeer::ForceFullRebuild(*full);
+        full->RefreshViewer();
+
+        const PictureSummary quick = Summarise(*viewer), whole = Summarise(*full);
+        EXPECT_EQ(quick.names, whole.names) << "step " << step;
+        EXPECT_EQ(quick.looks, whole.looks) << "step " << step;
+        EXPECT_EQ(quick.pickers, size_t(step + 1));
+        EXPECT_EQ(quick.actors, whole.actors);
+        EXPECT_EQ(quick.tshapes, whole.tshapes);
+        // Every refresh appends all the shapes' actors again: 1 + 2 + ... + (step + 1).
+        growth += step + 1;
+        EXPECT_EQ(TevBasicViewerTestPeer::ShapeActors(*viewer).size(), growth);
+    }
+    const PictureSummary last = Summarise(*viewer);
+    ASSERT_EQ(last.names.size(), 6u);
+    EXPECT_EQ(std::count(last.names.begin(), last.names.end(), QString("Renamed")), 1);
+    // The first box's label colour, green at opacity 0.5 (set at step 2), is on its actor.
+    vtkActor* first = ActorOf(All()[0]);
+    EXPECT_DOUBLE_EQ(first->GetProperty()->GetColor()[1], 1.0);
+    EXPECT_DOUBLE_EQ(first->GetProperty()->GetOpacity(), 0.5);
+}
+
+// The clipping range a redraw sets from the bounds it keeps for the shape actors is the one the
+// renderer computes by asking every prop, after a rebuild, a hidden shape and a turned camera.
+TEST_F(ShapeReuseTest, TheClippingRangeIsTheOneTheRendererComputesFromEveryProp)
+{
+    for (int i = 0; i < 4; ++i) Box(i * 30.0, i * 5.0, 10 + i);
+    Show();
+    vtkRenderer* renderer = viewer->GetDefaultRender();
+    auto expectVtkRange = [renderer](const char* when) {
+        double kept[2];
+        renderer->GetActiveCamera()->GetClippingRange(kept);
+        renderer->ResetCameraClippingRange();
+        const double* own = renderer->GetActiveCamera()->GetClippingRange();
+        EXPECT_DOUBLE_EQ(kept[0], own[0]) << when;
+        EXPECT_DOUBLE_EQ(kept[1], own[1]) << when;
+    };
+    expectVtkRange("after the rebuild");
+
+    TopoDS_Shape last = All()[3];
+    viewer->SetShapeVisibility(&last, false);
+    viewer->UpdateViewer();
+    expectVtkRange("with the last box hidden");
+
+    renderer->GetActiveCamera()->Azimuth(40);
+    renderer->GetActiveCamera()->Elevation(25);
+    viewer->UpdateViewer();
+    expectVtkRange("after the camera turned");
+
+    // The range really depends on the boxes: a far box moves the far plane.
+    double before[2];
+    renderer->GetActiveCamera()->GetClippingRange(before);
+    Box(-400, -400, 10);
+    viewer->RefreshViewer();
+    expectVtkRange("with a far box");
+    EXPECT_NE(renderer->GetActiveCamera()->GetClippingRange()[1], before[1]);
+}
