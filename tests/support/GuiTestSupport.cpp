@@ -19,6 +19,14 @@ void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons, Qt::Keyboa
     QApplication::sendEvent(widget, &event);
 }
 
+void DoubleClick(QWidget* widget, QPoint pos, Qt::MouseButton button)
+{
+    QTest::mousePress(widget, button, Qt::NoModifier, pos);
+    QTest::mouseRelease(widget, button, Qt::NoModifier, pos);
+    QTest::mouseDClick(widget, button, Qt::NoModifier, pos);
+    QTest::mouseRelease(widget, button, Qt::NoModifier, pos);
+}
+
 void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen)
 {
     // Polls until the box is up: exec() starts its own event loop, in which timers still fire.

@@ -31,6 +31,10 @@ namespace tevtest {
 void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons = Qt::NoButton,
                Qt::KeyboardModifiers mods = Qt::NoModifier);
 
+// Delivers a double click of `button` at `pos` in the order Qt does: press, release, double
+// click, release. QTest's own mouseDClick sends the double click event alone to a widget.
+void DoubleClick(QWidget* widget, QPoint pos, Qt::MouseButton button = Qt::LeftButton);
+
 // What a modal message box showed before it was answered.
 struct BoxSeen {
     bool shown = false;
