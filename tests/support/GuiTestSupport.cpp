@@ -107,6 +107,12 @@ QStringList DescribeMenu(const std::vector<MenuEntrySeen>& entries)
     return out;
 }
 
+bool ActivateAndWait(QWidget* widget)
+{
+    widget->activateWindow();
+    return QTest::qWaitForWindowActive(widget);
+}
+
 MenuAnswer::MenuAnswer(const QStringList& path, MenuSeen* seen) : m_path(path), m_seen(seen), m_timer(new QTimer())
 {
     m_timer->setInterval(20);

@@ -71,6 +71,10 @@ struct MenuSeen {
 // two blanks.
 QStringList DescribeMenu(const std::vector<MenuEntrySeen>& entries);
 
+// Makes the window of `widget` the active one and waits until it is. Call it before opening a
+// popup menu: a window activation still on its way would close the menu when it arrives.
+bool ActivateAndWait(QWidget* widget);
+
 // While it lives, a timer waits for the next popup menu, records its entries into `seen`, and
 // then chooses the entry that `path` names (texts from the top menu down through sub-menus) by
 // mouse clicks on the menus, or closes the menu with Escape when `path` is empty. Make it before

@@ -28,6 +28,7 @@ protected:
     // `path`, or closes it when `path` is empty; returns what it showed.
     MenuSeen Menu(const QStringList& path = QStringList())
     {
+        EXPECT_TRUE(tevtest::ActivateAndWait(viewer.get()));
         MenuSeen seen;
         tevtest::MenuAnswer answer(path, &seen);
         QTest::mouseClick(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(8, 8));
@@ -223,7 +224,10 @@ protected:
     void Choose(const char* command, size_t selected)
     {
         m_selected = selected;
-        Menu({"Boolean operation", command});
+        tevtest::PromptLog log;
+        MenuSeen seen = Menu({"Boolean operation", command});
+        for (auto& l : log.lines) fprintf(stderr, "DIAG line %s\n", l.toStdString().c_str());
+        fprintf(stderr, "DIAG shown %d\n", (int)seen.shown);
     }
 
     TopoDS_Shape m_A, m_B;

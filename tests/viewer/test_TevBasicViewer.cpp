@@ -207,6 +207,7 @@ TEST_F(TevBasicViewerTest, PressReachesNothingReleaseAndDoubleClickDo)
 
     {
         // The right release opens the menu inside the widget; it is closed again at once.
+        EXPECT_TRUE(tevtest::ActivateAndWait(viewer.get()));
         tevtest::MenuSeen seen;
         tevtest::MenuAnswer answer(QStringList(), &seen);
         QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, p);
@@ -266,6 +267,7 @@ TEST_F(TevBasicViewerTest, RightDragShowsNoMenuInSelectModeButDoesInRotateMode)
     QSignalSpy menu(viewer.get(), &TevBasicViewer::m_signal_Menu);
     // Each drag runs while a menu answerer waits: whether a menu showed is what it saw.
     auto rightDrag = [&](QPoint from, QPoint to) {
+        EXPECT_TRUE(tevtest::ActivateAndWait(viewer.get()));
         tevtest::MenuSeen seen;
         tevtest::MenuAnswer answer(QStringList(), &seen);
         QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, from);
