@@ -109,8 +109,12 @@ QStringList DescribeMenu(const std::vector<MenuEntrySeen>& entries)
 
 bool ActivateAndWait(QWidget* widget)
 {
-    widget->activateWindow();
-    return QTest::qWaitForWindowActive(widget);
+    // The request is repeated: the X server refuses the focus to a window not yet viewable.
+    for (int attempt = 0; attempt < 25; ++attempt) {
+        widget->activateWindow();
+        if (QTest::qWaitForWindowActive(widget, 200)) return true;
+    }
+    return false;
 }
 
 MenuAnswer::MenuAnswer(const QStringList& path, MenuSeen* seen) : m_path(path), m_seen(seen), m_timer(new QTimer())
