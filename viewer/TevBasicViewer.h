@@ -297,8 +297,8 @@ private:
 
     // The right-button menu (TevBasicViewer_Menu.cpp). An action with the widget as parent.
     QAction* MakeMenuAction(const QString& text, bool checkable);
-    // The work of m_slot_ContextMenu: rebuilds the menu and runs it at the cursor. Unlike the
-    // original design, nothing of the menu is left behind: the menu has the widget as parent, and
+    // The work of m_slot_ContextMenu: rebuilds the menu and runs it at the cursor. On purpose,
+    // nothing of the menu is left behind: the menu has the widget as parent, and
     // the "Boolean operation" sub-menu made at each showing is freed when the menu closes.
     void ShowContextMenu();
     // Subtract or Intersect on the first two selected shapes, object then tool in list order,
