@@ -312,21 +312,6 @@ void TevBasicViewer::ShowSnapPicture(double* const point)
     update();
 }
 
-// ---- Menu and Booleans: filled in with the menu code ---------------------------------------
-
-void TevBasicViewer::CreateRightMenu() {}
-void TevBasicViewer::m_slot_ContextMenu(QPoint) {}
-void TevBasicViewer::m_Slot_BoolSubtract() {}
-void TevBasicViewer::m_Slot_BoolIntersect() {}
-void TevBasicViewer::m_Slot_BoolUnite() {}
-
-void TevBasicViewer::m_Slot_OKCurrentOp()
-{
-    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    RunOpStep([&] { mgr->EndOp(mgr->GetCurrentOp(), this); });
-    RenderSnapPoint(nullptr);
-}
-
 // The snap ring: a circle of fixed world radius |(3, 3, 0)| around the hit, in the arc
 // source's default plane whatever the view. Null takes the ring and the debugging image away.
 void TevBasicViewer::RenderSnapPoint(sSnapResult* result)

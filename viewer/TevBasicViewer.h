@@ -304,6 +304,16 @@ private:
     bool IsRectRelease() const;
     // The work of m_Slot_SetFaceAsWorkPlane, inside the failure boundary.
     void SetFaceAsWorkPlane();
+
+    // The right-button menu (TevBasicViewer_Menu.cpp). An action with the widget as parent.
+    QAction* MakeMenuAction(const QString& text, bool checkable);
+    // The work of m_slot_ContextMenu: rebuilds the menu and runs it at the cursor. On purpose,
+    // nothing of the menu is left behind: the menu has the widget as parent, and
+    // the "Boolean operation" sub-menu made at each showing is freed when the menu closes.
+    void ShowContextMenu();
+    // Subtract or Intersect on the first two selected shapes, object then tool in list order,
+    // then a rebuild; fewer than two give the message "Shape number is too less".
+    void RunPairBoolean(TopoDS_Shape (*perform)(TopoDS_Shape&, TopoDS_Shape&));
     void ResetViewCamera(const double offset[3], double upX, double upY, double upZ);
     void EnablePlane(const opencascade::handle<Geom_Plane>& plane, vtkActor* shown, const std::vector<gp_Pnt>& points);
 

@@ -1,7 +1,9 @@
 #include "GuiTestSupport.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QOpenGLWidget>
 #include <QTest>
 #include <QTimer>
@@ -15,6 +17,14 @@ void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons, Qt::Keyboa
 {
     QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos), Qt::NoButton, buttons, mods);
     QApplication::sendEvent(widget, &event);
+}
+
+void DoubleClick(QWidget* widget, QPoint pos, Qt::MouseButton button)
+{
+    QTest::mousePress(widget, button, Qt::NoModifier, pos);
+    QTest::mouseRelease(widget, button, Qt::NoModifier, pos);
+    QTest::mouseDClick(widget, button, Qt::NoModifier, pos);
+    QTest::mouseRelease(widget, button, Qt::NoModifier, pos);
 }
 
 void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen)
@@ -56,6 +66,94 @@ void AnswerMessageBoxes(int count, QMessageBox::StandardButton button, std::vect
         }
     });
     timer->start();
+}
+
+static std::vector<MenuEntrySeen> ReadMenu(const QMenu* menu)
+{
+    std::vector<MenuEntrySeen> entries;
+    for (QAction* action : menu->actions()) {
+        MenuEntrySeen e;
+        e.separator = action->isSeparator();
+        e.text = action->text();
+        e.enabled = action->isEnabled();
+        e.checkable = action->isCheckable();
+        e.checked = action->isChecked();
+        if (action->menu()) e.sub = ReadMenu(action->menu());
+        entries.push_back(e);
+    }
+    return entries;
+}
+
+static void Describe(const std::vector<MenuEntrySeen>& entries, const QString& indent, QStringList& out)
+{
+    for (const MenuEntrySeen& e : entries) {
+        if (e.separator) {
+            out << indent + "---";
+            continue;
+        }
+        QString line = indent + e.text;
+        if (e.checkable) line += e.checked ? " [x]" : " [ ]";
+        if (!e.enabled) line += " (disabled)";
+        if (!e.sub.empty()) line += " >";
+        out << line;
+        Describe(e.sub, indent + "  ", out);
+    }
+}
+
+QStringList DescribeMenu(const std::vector<MenuEntrySeen>& entries)
+{
+    QStringList out;
+    Describe(entries, QString(), out);
+    return out;
+}
+
+bool ActivateAndWait(QWidget* widget)
+{
+    // The request is repeated: the X server refuses the focus to a window not yet viewable.
+    for (int attempt = 0; attempt < 25; ++attempt) {
+        widget->activateWindow();
+        if (QTest::qWaitForWindowActive(widget, 200)) return true;
+    }
+    return false;
+}
+
+MenuAnswer::MenuAnswer(const QStringList& path, MenuSeen* seen) : m_path(path), m_seen(seen), m_timer(new QTimer())
+{
+    m_timer->setInterval(20);
+    QObject::connect(m_timer, &QTimer::timeout, [this]() { Poll(); });
+    m_timer->start();
+}
+
+MenuAnswer::~MenuAnswer()
+{
+    delete m_timer;
+}
+
+void MenuAnswer::Poll()
+{
+    if (m_done) return;
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    // A sub-menu is answered once it is the active popup, not the menu that opened it.
+    if (!menu || !menu->isVisible() || menu == m_lastMenu) return;
+    if (m_depth == 0) {
+        m_seen->shown = true;
+        m_seen->entries = ReadMenu(menu);
+    }
+    QAction* chosen = nullptr;
+    if (m_depth < m_path.size())
+        for (QAction* action : menu->actions())
+            if (!action->isSeparator() && action->text() == m_path[m_depth]) chosen = action;
+    if (!chosen) {
+        m_done = true;
+        // Escape closes one menu; what stays open of a path not found is closed as well.
+        QTest::keyClick(menu, Qt::Key_Escape);
+        while (QWidget* open = QApplication::activePopupWidget()) open->close();
+        return;
+    }
+    ++m_depth;
+    m_lastMenu = menu;
+    m_done = !chosen->menu();
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(chosen).center());
 }
 
 QImage GrabRendered(QWidget* widget)

@@ -6,7 +6,9 @@
 #include <QImage>
 #include <QMessageBox>
 #include <QPoint>
+#include <QTimer>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -29,6 +31,10 @@ namespace tevtest {
 void MouseMove(QWidget* widget, QPoint pos, Qt::MouseButtons buttons = Qt::NoButton,
                Qt::KeyboardModifiers mods = Qt::NoModifier);
 
+// Delivers a double click of `button` at `pos` in the order Qt does: press, release, double
+// click, release. QTest's own mouseDClick sends the double click event alone to a widget.
+void DoubleClick(QWidget* widget, QPoint pos, Qt::MouseButton button = Qt::LeftButton);
+
 // What a modal message box showed before it was answered.
 struct BoxSeen {
     bool shown = false;
@@ -43,6 +49,54 @@ void AnswerNextMessageBox(QMessageBox::StandardButton button, BoxSeen* seen);
 // Arms a timer that answers the next `count` message boxes, in the order they appear, each with
 // `button`, and appends what each showed to `seen`. Call before the code that opens them.
 void AnswerMessageBoxes(int count, QMessageBox::StandardButton button, std::vector<BoxSeen>* seen);
+
+// One entry of a popup menu as it was shown.
+struct MenuEntrySeen {
+    QString text;
+    bool separator = false;
+    bool enabled = false;
+    bool checkable = false;
+    bool checked = false;
+    std::vector<MenuEntrySeen> sub;  // the entries of its sub-menu, if it opens one
+};
+
+// What a popup menu showed before it was answered.
+struct MenuSeen {
+    bool shown = false;
+    std::vector<MenuEntrySeen> entries;
+};
+
+// The entries one per line: "---" for a separator, else the text, then " [x]" or " [ ]" when
+// checkable, " (disabled)", and " >" before the sub-menu's entries, which follow indented by
+// two blanks.
+QStringList DescribeMenu(const std::vector<MenuEntrySeen>& entries);
+
+// Makes the window of `widget` the active one and waits until it is. Call it before opening a
+// popup menu: a window activation still on its way would close the menu when it arrives.
+bool ActivateAndWait(QWidget* widget);
+
+// While it lives, a timer waits for the next popup menu, records its entries into `seen`, and
+// then chooses the entry that `path` names (texts from the top menu down through sub-menus) by
+// mouse clicks on the menus, or closes the menu with Escape when `path` is empty. Make it before
+// the event that opens the menu.
+class MenuAnswer
+{
+public:
+    MenuAnswer(const QStringList& path, MenuSeen* seen);
+    ~MenuAnswer();
+    MenuAnswer(const MenuAnswer&) = delete;
+    MenuAnswer& operator=(const MenuAnswer&) = delete;
+
+private:
+    void Poll();
+
+    QStringList m_path;
+    MenuSeen* m_seen;
+    QTimer* m_timer;
+    QWidget* m_lastMenu = nullptr;  // the menu answered last, while its sub-menu opens
+    int m_depth = 0;                // entries of `path` chosen so far
+    bool m_done = false;
+};
 
 // Lets pending repaints through and returns the widget's framebuffer as an image (device
 // pixels, top row first).

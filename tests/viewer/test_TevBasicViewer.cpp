@@ -205,8 +205,15 @@ TEST_F(TevBasicViewerTest, PressReachesNothingReleaseAndDoubleClickDo)
     ExpectedNearPoint(viewer.get(), p.x(), p.y(), expected);
     for (int i = 0; i < 3; ++i) EXPECT_NEAR(op.calls[1].point[i], expected[i], 1e-6);
 
-    QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, p);
-    QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, p);
+    {
+        // The right release opens the menu inside the widget; it is closed again at once.
+        EXPECT_TRUE(tevtest::ActivateAndWait(viewer.get()));
+        tevtest::MenuSeen seen;
+        tevtest::MenuAnswer answer(QStringList(), &seen);
+        QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, p);
+        QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, p);
+        EXPECT_TRUE(seen.shown);
+    }
     ASSERT_EQ(op.calls.size(), 3u);
     EXPECT_EQ(op.calls[2].type, 6);
     ASSERT_EQ(menu.count(), 1);
@@ -258,16 +265,22 @@ TEST_F(TevBasicViewerTest, ClickAndStraightDragsArePointPicks)
 TEST_F(TevBasicViewerTest, RightDragShowsNoMenuInSelectModeButDoesInRotateMode)
 {
     QSignalSpy menu(viewer.get(), &TevBasicViewer::m_signal_Menu);
-    QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(100, 100));
-    QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(200, 200));
+    // Each drag runs while a menu answerer waits: whether a menu showed is what it saw.
+    auto rightDrag = [&](QPoint from, QPoint to) {
+        EXPECT_TRUE(tevtest::ActivateAndWait(viewer.get()));
+        tevtest::MenuSeen seen;
+        tevtest::MenuAnswer answer(QStringList(), &seen);
+        QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, from);
+        QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, to);
+        return seen.shown;
+    };
+    EXPECT_FALSE(rightDrag(QPoint(100, 100), QPoint(200, 200)));
     EXPECT_EQ(menu.count(), 0);
     // A straight right drag is a click.
-    QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(100, 100));
-    QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(200, 100));
+    EXPECT_TRUE(rightDrag(QPoint(100, 100), QPoint(200, 100)));
     EXPECT_EQ(menu.count(), 1);
     viewer->SetCurrentOperationMode(MOUSE_OP_ROTATE);
-    QTest::mousePress(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(100, 100));
-    QTest::mouseRelease(viewer.get(), Qt::RightButton, Qt::NoModifier, QPoint(200, 200));
+    EXPECT_TRUE(rightDrag(QPoint(100, 100), QPoint(200, 200)));
     EXPECT_EQ(menu.count(), 2);
     EXPECT_EQ(menu.at(1).at(0).toPoint(), QPoint(200, 200));
 }
