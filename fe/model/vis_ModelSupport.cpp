@@ -1,0 +1,91 @@
+/* vis_ModelSupport: shared mechanics of the model objects; see vis_ModelSupport.h. */
+#include "vis_ModelSupport.h"
+
+#include "vsy_Error.h"
+#include "vsy_HashTable.h"
+
+#include <cstring>
+
+void* vis_Model_NewRecord(size_t size, const char* shortname)
+{
+    void* rec = vsy_Malloc(size);
+    if (!rec) {
+        vsy_ErrorMessage(shortname, SYS_ERROR_MEMORY, "Creation Failure");
+        return nullptr;
+    }
+    std::memset(rec, 0, size);
+    return rec;
+}
+
+void* vis_Model_Calloc(size_t n, size_t size)
+{
+    void* p = vsy_Malloc(n * size);
+    if (p) std::memset(p, 0, n * size);
+    return p;
+}
+
+int vis_Model_IsNull(const void* obj, const char* name)
+{
+    if (obj) return 0;
+    vsy_ErrorNumber(name, SYS_ERROR_NULLOBJECT);
+    return 1;
+}
+
+int vis_Model_TakeError(int* ierr)
+{
+    if (!ierr) return SYS_ERROR_NULLOBJECT;
+    int code = *ierr;
+    *ierr = 0;
+    return code;
+}
+
+void* vis_Model_TableGet(vsy_HashTable* tab, int key)
+{
+    if (!tab) return nullptr;
+    void* value = nullptr;
+    vsy_HashTableGet(tab, key, &value);
+    return value;
+}
+
+int vis_Model_TablePut(int* ierr, const char* name, vsy_HashTable** tab, int key, void* value)
+{
+    if (!*tab) *tab = vsy_HashTableNew();
+    if (*tab) {
+        vsy_HashTableInsert(*tab, key, value);
+        /* A failed growth keeps the entry; only a missing entry is a failure here. */
+        vsy_HashTableError(*tab);
+        if (vis_Model_TableGet(*tab, key) == value) return 1;
+    }
+    vsy_ErrorRecord(ierr, name, SYS_ERROR_MEMORY, "index= %d", key);
+    return 0;
+}
+
+void vis_Model_TableFree(vsy_HashTable* tab)
+{
+    if (!tab) return;
+    int key;
+    void* value;
+    vsy_HashTableInitIter(tab);
+    for (;;) {
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) break;
+        vsy_Free(value);
+    }
+    vsy_HashTableDelete(tab);
+}
+
+int vis_Model_TableCount(vsy_HashTable* tab)
+{
+    int n = 0;
+    if (tab) vsy_HashTableCount(tab, &n);
+    return n;
+}
+
+char* vis_Model_StrDup(const char* text)
+{
+    if (!text) return nullptr;
+    size_t n = std::strlen(text) + 1;
+    char* copy = (char*)vsy_Malloc(n);
+    if (copy) std::memcpy(copy, text, n);
+    return copy;
+}

@@ -1,0 +1,37 @@
+/* vis_ModelSupport: the mechanics shared by the objects of the model subsystem.
+ *
+ * Every model object is created zeroed through vsy_Malloc, reports a null object under the
+ * operation's name with code 5, and keeps its sparse entries in vsy_HashTables whose values it
+ * owns. These helpers hold that once, so that each object's file says only what is its own.
+ */
+#ifndef VIS_MODELSUPPORT_H
+#define VIS_MODELSUPPORT_H
+
+#include <cstddef>
+
+struct vsy_HashTable;
+
+/* A zeroed record of `size` bytes, or null after reporting `shortname` code 4
+ * "Creation Failure". */
+void* vis_Model_NewRecord(size_t size, const char* shortname);
+/* A zeroed array of n elements of `size` bytes through vsy_Malloc, or null. */
+void* vis_Model_Calloc(size_t n, size_t size);
+/* 1 when obj is null, after reporting `name` with code 5 and no text. */
+int vis_Model_IsNull(const void* obj, const char* name);
+/* Returns *ierr and clears it; code 5 for a null object. */
+int vis_Model_TakeError(int* ierr);
+
+/* The value stored under key in a table, or null when the table or the key is missing. */
+void* vis_Model_TableGet(struct vsy_HashTable* tab, int key);
+/* Stores value under key, creating the table first when *tab is null. On failure records code
+ * 4 in *ierr with "index= %d" under `name` and returns 0; the table keeps what it held. */
+int vis_Model_TablePut(int* ierr, const char* name, struct vsy_HashTable** tab, int key, void* value);
+/* Releases every value of the table with vsy_Free, then the table; null is allowed. */
+void vis_Model_TableFree(struct vsy_HashTable* tab);
+/* Number of entries of a table; 0 for null. */
+int vis_Model_TableCount(struct vsy_HashTable* tab);
+
+/* A copy of a string through vsy_Malloc, or null (also for a null string). */
+char* vis_Model_StrDup(const char* text);
+
+#endif
