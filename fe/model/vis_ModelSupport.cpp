@@ -89,3 +89,40 @@ char* vis_Model_StrDup(const char* text)
     if (copy) std::memcpy(copy, text, n);
     return copy;
 }
+
+void* vis_Model_TableRecord(int* ierr, const char* name, vsy_HashTable** tab, int key, size_t size, int* max)
+{
+    void* rec = vis_Model_TableGet(*tab, key);
+    if (rec) return rec;
+    rec = vis_Model_Calloc(1, size);
+    if (!rec) {
+        vsy_ErrorRecord(ierr, name, SYS_ERROR_MEMORY, "index= %d", key);
+        return nullptr;
+    }
+    if (!vis_Model_TablePut(ierr, name, tab, key, rec)) {
+        vsy_Free(rec);
+        return nullptr;
+    }
+    if (max && key > *max) *max = key;
+    return rec;
+}
+
+void vis_Model_ToDouble(int n, const float* from, double* to)
+{
+    for (int i = 0; i < n; ++i) to[i] = from[i];
+}
+
+void vis_Model_ToFloat(int n, const double* from, float* to)
+{
+    for (int i = 0; i < n; ++i) to[i] = (float)from[i];
+}
+
+void vis_Model_MaskTags(int mask, int* n, int* tags)
+{
+    *n = 0;
+    for (int t = 1; t <= 31; ++t)
+        if (mask & (1 << (t - 1))) {
+            if (tags) tags[*n] = t;
+            ++*n;
+        }
+}

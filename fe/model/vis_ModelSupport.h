@@ -31,6 +31,15 @@ void vis_Model_TableFree(struct vsy_HashTable* tab);
 /* Number of entries of a table; 0 for null. */
 int vis_Model_TableCount(struct vsy_HashTable* tab);
 
+/* The record under key, or a new zeroed record of `size` bytes stored there (raising *max to
+ * key). On failure records code 4 "index= %d" under `name` and returns null; nothing changes. */
+void* vis_Model_TableRecord(int* ierr, const char* name, struct vsy_HashTable** tab, int key, size_t size, int* max);
+/* Copies n floats into doubles and back. */
+void vis_Model_ToDouble(int n, const float* from, double* to);
+void vis_Model_ToFloat(int n, const double* from, float* to);
+/* Lists in ascending order the tags (1 to 31) whose bits are set in mask: *n of them. */
+void vis_Model_MaskTags(int mask, int* n, int* tags);
+
 /* A copy of a string through vsy_Malloc, or null (also for a null string). */
 char* vis_Model_StrDup(const char* text);
 
