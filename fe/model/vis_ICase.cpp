@@ -1,6 +1,8 @@
 /* vis_ICase: sparse initial conditions by node and level; see vis_ICase.h. */
 #include "vis_ICase.h"
 
+#include "vis_ElemTopology.h"
+#include "vis_Group.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 #include "vsy_HashTable.h"
@@ -110,4 +112,13 @@ void vis_ICaseSetSPVdv(vis_ICase* ic, int index, int level, int tag, double valu
 void vis_ICaseSetSPV(vis_ICase* ic, int index, int level, int tag, float value)
 {
     vis_ICase_Set(ic, "vis_ICaseSetSPV", index, level, tag, value);
+}
+
+void vis_ICaseNodeGroup(vis_ICase* ic, int level, vis_Group* group)
+{
+    static const char* name = "vis_ICaseNodeGroup";
+    if (!vis_ICase_Level(ic, name, level) || !vis_Model_TableToGroup(&ic->ierr, name, nullptr, group, SYS_NODE, -1, nullptr))
+        return;
+    vis_GroupClear(group);
+    vis_Model_TableToGroup(&ic->ierr, name, ic->spv[level - 1], group, SYS_NODE, -1, nullptr);
 }

@@ -10,6 +10,7 @@
 #define VIS_ICASE_H
 
 struct vsy_HashTable;
+struct vis_Group;
 
 typedef struct vis_ICase {
     int ierr;                     /* last error */
@@ -30,5 +31,9 @@ void vis_ICaseSPV(vis_ICase* ic, int index, int level, int* n, int* tags, float*
 void vis_ICaseSPVdv(vis_ICase* ic, int index, int level, int* n, int* tags, double* values);
 void vis_ICaseSetSPV(vis_ICase* ic, int index, int level, int tag, float value);
 void vis_ICaseSetSPVdv(vis_ICase* ic, int index, int level, int tag, double value);
+
+/* Clears a node group (parent 1) and marks the nodes with values at the level, up to its
+ * count. A group of another parent: code 2 "parenttype= %d". */
+void vis_ICaseNodeGroup(vis_ICase* ic, int level, struct vis_Group* group);
 
 #endif

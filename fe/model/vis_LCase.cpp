@@ -1,8 +1,10 @@
 /* vis_LCase: sparse loads by node and element; see vis_LCase.h. */
 #include "vis_LCase.h"
 
+#include "vis_Group.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
+#include "vis_ElemTopology.h"
 #include "vsy_HashTable.h"
 
 #include <cstring>
@@ -366,6 +368,53 @@ void vis_LCaseAddElem(vis_LCase* lc, int index, int type, int n, const float* v)
     double d[VIS_LCASE_MAXELEMVAL];
     vis_Model_ToDouble(n >= 0 && n <= VIS_LCASE_MAXELEMVAL ? n : 0, v, d);
     vis_LCase_ElemPut(lc, "vis_LCaseAddElem", index, type, n, d, 1);
+}
+
+/* ---- groups ---- */
+
+static int vis_LCase_DistWord(const void* rec)
+{
+    return ((const vis_LCaseDistRec*)rec)->flags;
+}
+
+void vis_LCaseNodeGroup(vis_LCase* lc, int type, vis_Group* group)
+{
+    static const char* name = "vis_LCaseNodeGroup";
+    if (vis_Model_IsNull(lc, name) || !vis_LCase_Type(lc, name, type, VIS_LCASE_FORCEMOMENT)) return;
+    if (!vis_Model_TableToGroup(&lc->ierr, name, nullptr, group, SYS_NODE, -1, nullptr)) return;
+    vis_GroupClear(group);
+    for (int t = 1; t <= 6; ++t)
+        if (t == type || (type == VIS_LCASE_FORCEMOMENT && t <= 2))
+            vis_Model_TableToGroup(&lc->ierr, name, lc->conc[t], group, SYS_NODE, -1, nullptr);
+}
+
+void vis_LCaseElemGroup(vis_LCase* lc, int type, vis_Group* group)
+{
+    static const char* name = "vis_LCaseElemGroup";
+    if (vis_Model_IsNull(lc, name) || !vis_LCase_Type(lc, name, type, 3)) return;
+    if (!vis_Model_TableToGroup(&lc->ierr, name, nullptr, group, SYS_ELEM, -1, nullptr)) return;
+    vis_GroupClear(group);
+    vis_Model_TableToGroup(&lc->ierr, name, lc->elem[type], group, SYS_ELEM, -1, nullptr);
+}
+
+/* Face or edge group of a distributed type. */
+static void vis_LCase_DistGroup(vis_LCase* lc, const char* name, int entity, int type, vis_Group* group)
+{
+    if (vis_Model_IsNull(lc, name)) return;
+    int ent = vis_LCase_DistCheck(lc, name, entity, type, 0);
+    if (ent < 0 || !vis_Model_TableToGroup(&lc->ierr, name, nullptr, group, SYS_ELEM, entity, nullptr)) return;
+    vis_GroupClear(group);
+    vis_Model_TableToGroup(&lc->ierr, name, lc->dist[ent][type], group, SYS_ELEM, entity, vis_LCase_DistWord);
+}
+
+void vis_LCaseFaceGroup(vis_LCase* lc, int type, vis_Group* group)
+{
+    vis_LCase_DistGroup(lc, "vis_LCaseFaceGroup", SYS_FACE, type, group);
+}
+
+void vis_LCaseEdgeGroup(vis_LCase* lc, int type, vis_Group* group)
+{
+    vis_LCase_DistGroup(lc, "vis_LCaseEdgeGroup", SYS_EDGE, type, group);
 }
 
 /* ---- body loads ---- */

@@ -23,6 +23,7 @@
 #define VIS_LCASE_MAXELEMVAL 64
 
 struct vsy_HashTable;
+struct vis_Group;
 
 typedef struct vis_LCase {
     int ierr;                         /* last error */
@@ -81,6 +82,16 @@ void vis_LCaseSetElem(vis_LCase* lc, int index, int type, int n, const float* v)
 void vis_LCaseSetElemdv(vis_LCase* lc, int index, int type, int n, const double* v);
 void vis_LCaseAddElem(vis_LCase* lc, int index, int type, int n, const float* v);
 void vis_LCaseAddElemdv(vis_LCase* lc, int index, int type, int n, const double* v);
+
+/* Groups of loaded entities. The group is cleared and then marks the loaded entities of the
+ * type with an index up to its count: nodes (a group of parent 1; type 1 to 7), elements with
+ * element loads (parent 4; type 1 to 3), element faces (parent 4, child 3) and element edges
+ * (parent 4, child 2) with distributed loads, one flag per loaded face or edge. A group of
+ * another kind: code 2 "parenttype= %d" or "childtype= %d". */
+void vis_LCaseNodeGroup(vis_LCase* lc, int type, struct vis_Group* group);
+void vis_LCaseElemGroup(vis_LCase* lc, int type, struct vis_Group* group);
+void vis_LCaseFaceGroup(vis_LCase* lc, int type, struct vis_Group* group);
+void vis_LCaseEdgeGroup(vis_LCase* lc, int type, struct vis_Group* group);
 
 /* Body loads: acceleration, angular velocity, angular acceleration and rotation centre, three
  * each; all zero while the flag is 0. */

@@ -1,6 +1,7 @@
 /* vis_ModelSupport: shared mechanics of the model objects; see vis_ModelSupport.h. */
 #include "vis_ModelSupport.h"
 
+#include "vis_Group.h"
 #include "vsy_Error.h"
 #include "vsy_HashTable.h"
 
@@ -125,4 +126,29 @@ void vis_Model_MaskTags(int mask, int* n, int* tags)
             if (tags) tags[*n] = t;
             ++*n;
         }
+}
+
+int vis_Model_TableToGroup(int* ierr, const char* name, vsy_HashTable* tab, vis_Group* group, int parent, int child,
+                           int (*word)(const void* record))
+{
+    if (vis_Model_IsNull(group, name)) return 0;
+    if (group->parenttype != parent) {
+        vsy_ErrorRecord(ierr, name, SYS_ERROR_ENUM, "parenttype= %d", group->parenttype);
+        return 0;
+    }
+    if (child >= 0 && group->childtype != child) {
+        vsy_ErrorRecord(ierr, name, SYS_ERROR_ENUM, "childtype= %d", group->childtype);
+        return 0;
+    }
+    if (!tab) return 1;
+    int key;
+    void* value;
+    vsy_HashTableInitIter(tab);
+    for (vsy_HashTableNextIter(tab, &key, &value); value; vsy_HashTableNextIter(tab, &key, &value)) {
+        if (key < 1 || key > group->nument) continue;
+        int flags = 0;
+        vis_GroupGetIndex(group, key, &flags);
+        vis_GroupSetIndex(group, key, flags | (word ? word(value) : 1));
+    }
+    return 1;
 }

@@ -10,6 +10,7 @@
 #include <cstddef>
 
 struct vsy_HashTable;
+struct vis_Group;
 
 /* A zeroed record of `size` bytes, or null after reporting `shortname` code 4
  * "Creation Failure". */
@@ -39,6 +40,13 @@ void vis_Model_ToDouble(int n, const float* from, double* to);
 void vis_Model_ToFloat(int n, const double* from, float* to);
 /* Lists in ascending order the tags (1 to 31) whose bits are set in mask: *n of them. */
 void vis_Model_MaskTags(int mask, int* n, int* tags);
+
+/* Marks in a group every entry of a table whose key lies in 1 to the group's count: the
+ * entity's flag word gains word(record), or 1 when word is null. The group must have been
+ * defined with `parent` (and `child`, -1 for any); otherwise code 2 "parenttype= %d" or
+ * "childtype= %d" under `name`, and 0 is returned. */
+int vis_Model_TableToGroup(int* ierr, const char* name, struct vsy_HashTable* tab, struct vis_Group* group, int parent,
+                           int child, int (*word)(const void* record));
 
 /* A copy of a string through vsy_Malloc, or null (also for a null string). */
 char* vis_Model_StrDup(const char* text);

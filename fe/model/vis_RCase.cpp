@@ -1,6 +1,8 @@
 /* vis_RCase: sparse restraints by node and element; see vis_RCase.h. */
 #include "vis_RCase.h"
 
+#include "vis_ElemTopology.h"
+#include "vis_Group.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 #include "vsy_HashTable.h"
@@ -148,6 +150,23 @@ void vis_RCaseSetElemC(vis_RCase* rc, int index, int tag, int type, float value)
 {
     vis_RCase_Set(rc, "vis_RCaseSetElemC", rc ? &rc->elemc : nullptr, rc ? &rc->elemcmax : nullptr, index, tag, type,
                   value);
+}
+
+static void vis_RCase_Group(vis_RCase* rc, const char* name, vsy_HashTable* tab, int parent, vis_Group* group)
+{
+    if (vis_Model_IsNull(rc, name) || !vis_Model_TableToGroup(&rc->ierr, name, nullptr, group, parent, -1, nullptr)) return;
+    vis_GroupClear(group);
+    vis_Model_TableToGroup(&rc->ierr, name, tab, group, parent, -1, nullptr);
+}
+
+void vis_RCaseNodeGroup(vis_RCase* rc, vis_Group* group)
+{
+    vis_RCase_Group(rc, "vis_RCaseNodeGroup", rc ? rc->spc : nullptr, SYS_NODE, group);
+}
+
+void vis_RCaseElemGroup(vis_RCase* rc, vis_Group* group)
+{
+    vis_RCase_Group(rc, "vis_RCaseElemGroup", rc ? rc->elemc : nullptr, SYS_ELEM, group);
 }
 
 /* Copies every tag of every entry of a source table through the setter of one kind. */

@@ -10,6 +10,7 @@
 #define VIS_RCASE_H
 
 struct vsy_HashTable;
+struct vis_Group;
 
 typedef struct vis_RCase {
     int ierr;                    /* last error */
@@ -42,6 +43,11 @@ void vis_RCaseElemC(vis_RCase* rc, int index, int tag, int* type, float* value);
 void vis_RCaseElemCdv(vis_RCase* rc, int index, int tag, int* type, double* value);
 void vis_RCaseSetElemC(vis_RCase* rc, int index, int tag, int type, float value);
 void vis_RCaseSetElemCdv(vis_RCase* rc, int index, int tag, int type, double value);
+
+/* Clears the group and marks the restrained nodes (parent 1) or elements (parent 4) up to its
+ * count. A group of another parent: code 2 "parenttype= %d". */
+void vis_RCaseNodeGroup(vis_RCase* rc, struct vis_Group* group);
+void vis_RCaseElemGroup(vis_RCase* rc, struct vis_Group* group);
 
 /* Copies every restraint of src into rc, replacing those at the same node and tag. */
 void vis_RCaseAdd(vis_RCase* rc, vis_RCase* src);

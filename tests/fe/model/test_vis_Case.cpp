@@ -1,6 +1,8 @@
 // Case objects: loads, restraints, constraints, initial conditions, curves and contact pairs,
 // all sparse by node or element.
 #include "vis_CPair.h"
+#include "vis_ElemTopology.h"
+#include "vis_Group.h"
 #include "vis_ICase.h"
 #include "vis_LCase.h"
 #include "vis_MCase.h"
@@ -190,7 +192,60 @@ TEST_F(LCaseTest, FailedAllocationLeavesNoEntry)
     EXPECT_EQ(flag, 0);
 }
 
+TEST_F(LCaseTest, GroupsOfLoadedEntities)
+{
+    const double f[3] = {1, 0, 0}, m[3] = {0, 1, 0}, p[4] = {1, 1, 1, 1}, q[1] = {5};
+    vis_LCaseSetConcdv(lc, 2, 1, f);
+    vis_LCaseSetConcdv(lc, 5, 2, m);
+    vis_LCaseSetConcdv(lc, 40, 1, f);  // beyond the group's count: left out
+    vis_LCaseSetDistdv(lc, 3, 4, 2, 2, p);
+    vis_LCaseSetDistdv(lc, 3, 4, 5, 2, p);
+    vis_LCaseSetElemdv(lc, 6, 2, 1, q);
+    vis_Group* nodes = vis_GroupNew();
+    vis_GroupDef(nodes, 10, SYS_NODE, 0);
+    vis_GroupSetIndex(nodes, 9, 1);  // cleared first
+    vis_LCaseNodeGroup(lc, 7, nodes);
+    int num = 0, flags = 0;
+    vis_GroupCount(nodes, &num);
+    EXPECT_EQ(num, 2);  // nodes 2 (force) and 5 (moment)
+    vis_GroupGetIndex(nodes, 5, &flags);
+    EXPECT_EQ(flags, 1);
+    vis_Group* faces = vis_GroupNew();
+    vis_GroupDef(faces, 10, SYS_ELEM, SYS_FACE);
+    vis_LCaseFaceGroup(lc, 2, faces);
+    vis_GroupGetIndex(faces, 4, &flags);
+    EXPECT_EQ(flags, (1 << 1) | (1 << 4));  // faces 2 and 5
+    vis_Group* elems = vis_GroupNew();
+    vis_GroupDef(elems, 10, SYS_ELEM, 0);
+    vis_LCaseElemGroup(lc, 2, elems);
+    vis_GroupCount(elems, &num);
+    EXPECT_EQ(num, 1);
+    ExpectNoReport();
+    vis_LCaseFaceGroup(lc, 2, elems);  // a group without face flags
+    ExpectOnlyReport("vis_LCaseFaceGroup", SYS_ERROR_ENUM, "childtype= 0");
+    vis_GroupDelete(nodes);
+    vis_GroupDelete(faces);
+    vis_GroupDelete(elems);
+}
+
 class RCaseTest : public ContainerTest {};
+
+TEST_F(RCaseTest, NodeGroupOfRestrainedNodes)
+{
+    vis_RCase* rc = vis_RCaseNew();
+    vis_RCaseSetSPCdv(rc, 3, 1, 1, 0.0);
+    vis_RCaseSetSPCdv(rc, 8, 2, 1, 0.0);
+    vis_Group* g = vis_GroupNew();
+    vis_GroupDef(g, 8, SYS_NODE, 0);
+    vis_RCaseNodeGroup(rc, g);
+    int flags[9] = {};
+    for (int i = 1; i <= 8; ++i) vis_GroupGetIndex(g, i, &flags[i]);
+    for (int i = 1; i <= 8; ++i) EXPECT_EQ(flags[i], (i == 3 || i == 8) ? 1 : 0) << i;
+    vis_RCaseElemGroup(rc, g);
+    ExpectOnlyReport("vis_RCaseElemGroup", SYS_ERROR_ENUM, "parenttype= 1");
+    vis_GroupDelete(g);
+    vis_RCaseDelete(rc);
+}
 
 TEST_F(RCaseTest, TagsBeyondTheLargestIndexAreNone)
 {
@@ -328,6 +383,23 @@ TEST_F(ICaseTest, ValuesInTagOrderPerLevel)
     vis_ICaseSPVMax(ic, 1, &max);
     EXPECT_EQ(max, 5);
     ExpectNoReport();
+    vis_ICaseDelete(ic);
+}
+
+TEST_F(ICaseTest, NodeGroupPerLevel)
+{
+    vis_ICase* ic = vis_ICaseNew();
+    vis_ICaseSetSPVdv(ic, 2, 1, 7, 1.0);
+    vis_ICaseSetSPVdv(ic, 4, 2, 1, 1.0);
+    vis_Group* g = vis_GroupNew();
+    vis_GroupDef(g, 5, SYS_NODE, 0);
+    vis_ICaseNodeGroup(ic, 2, g);
+    int a = -1, b = -1;
+    vis_GroupGetIndex(g, 2, &a);
+    vis_GroupGetIndex(g, 4, &b);
+    EXPECT_EQ(a, 0);
+    EXPECT_EQ(b, 1);
+    vis_GroupDelete(g);
     vis_ICaseDelete(ic);
 }
 

@@ -6,6 +6,7 @@
 #include "vis_MProp.h"
 #include "vis_RProp.h"
 #include "vis_SProp.h"
+#include "vsy_PropSet.h"
 #include "vsy_TestSupport.h"
 
 #include <cstring>
@@ -303,6 +304,33 @@ TEST_F(PropTest, GlobalAndResultPropertiesUseTheirTables)
     ExpectOnlyReport("vis_GPropValueString", SYS_ERROR_ENUM, "type= 10");
     vis_GPropDelete(gp);
     vis_RPropDelete(rp);
+}
+
+TEST_F(PropTest, PropSetReplacesAndReads)
+{
+    vsy_PropSet* set = vsy_PropSetNew();
+    vsy_PropSet_Insert(set, "ORIENT1", 4);
+    vsy_PropSet_Insert(set, "ORIENT1", 9);  // the old entry is freed (the sanitizer build checks)
+    vsy_PropSet_Insert(set, "ORIENT2", 1);
+    int flag = 0, value = 0, count = 0;
+    vsy_PropSetValue(set, "ORIENT1", &flag, &value);
+    EXPECT_EQ(flag, 1);
+    EXPECT_EQ(value, 9);
+    vsy_PropSetCount(set, &count);
+    EXPECT_EQ(count, 2);
+    value = -3;
+    vsy_PropSetValue(set, "NONE", &flag, &value);
+    EXPECT_EQ(flag, 0);
+    EXPECT_EQ(value, -3);
+    FailAllocation(1, true);
+    vsy_PropSet_Insert(set, "ORIENT3", 2);
+    RestoreAllocation();
+    ASSERT_FALSE(reports().empty());
+    EXPECT_EQ(reports().back().name, "vsy_PropSet_Insert");
+    EXPECT_EQ(reports().back().code, SYS_ERROR_MEMORY);
+    EXPECT_EQ(reports().back().text, "");
+    EXPECT_EQ(vsy_PropSetError(set), SYS_ERROR_MEMORY);
+    vsy_PropSetDelete(set);
 }
 
 }  // namespace
