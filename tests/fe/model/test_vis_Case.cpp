@@ -1,5 +1,6 @@
 // Case objects: loads, restraints, constraints, initial conditions, curves and contact pairs,
 // all sparse by node or element.
+#include "vis_ASurf.h"
 #include "vis_CPair.h"
 #include "vis_ElemTopology.h"
 #include "vis_Group.h"
@@ -499,6 +500,75 @@ TEST_F(CPairTest, ParametersKindsAndSides)
     vis_CPairMasterSlaveElemNum(cp, VIS_CPAIR_MASTER, &num);
     EXPECT_EQ(num, 0);
     vis_CPairDelete(cp);
+}
+
+}  // namespace
+
+namespace {
+
+class ASurfTest : public ContainerTest {};
+
+TEST_F(ASurfTest, ProfileAndPrimitivesAreStoredAndReturned)
+{
+    vis_ASurf* as = vis_ASurfNew();
+    vis_ASurfDef(as, 3, 2);
+    const double p[3][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}};
+    for (int i = 0; i < 3; ++i) vis_ASurfSetPointdv(as, i + 1, p[i]);
+    const int line[2] = {1, 2}, arc[3] = {2, 3, 1};
+    vis_ASurfSegSegment(as, 1, VIS_ASURF_LINE, line);
+    vis_ASurfSegSegment(as, 2, VIS_ASURF_ARC, arc);
+    const double axis[3] = {0, 0, 1};
+    vis_ASurfSetSegmentRevdv(as, p[0], axis);
+    double x[3], o[3], a[3];
+    int kind = 0, pts[3], type = 0;
+    vis_ASurfGetPointdv(as, 3, x);
+    EXPECT_EQ(x[1], 1.0);
+    vis_ASurfGetSegment(as, 2, &kind, pts);
+    EXPECT_EQ(kind, VIS_ASURF_ARC);
+    EXPECT_EQ(pts[2], 1);
+    vis_ASurfGetSegmentRevdv(as, o, a);
+    EXPECT_EQ(a[2], 1.0);
+    const double c[3] = {1, 2, 3}, t[3] = {1, 2, 5};
+    vis_ASurfSetConedv(as, c, t, 2.0, 0.5);
+    double rb = 0, rt = 0;
+    vis_ASurfGetConedv(as, o, a, &rb, &rt);
+    EXPECT_EQ(o[2], 3.0);
+    EXPECT_EQ(a[2], 5.0);
+    EXPECT_EQ(rb, 2.0);
+    EXPECT_EQ(rt, 0.5);
+    vis_ASurfGetType(as, &type);
+    EXPECT_EQ(type, VIS_ASURF_CONE);
+    ExpectNoReport();
+    double r = -1;
+    vis_ASurfGetSpheredv(as, o, &r);  // a cone is no sphere
+    ExpectOnlyReport("vis_ASurfGetSpheredv", SYS_ERROR_OPERATION, "Surface type= 6");
+    EXPECT_EQ(r, -1.0);
+    Reports().clear();
+    const int bad[2] = {1, 4};
+    vis_ASurfSegSegment(as, 1, VIS_ASURF_LINE, bad);
+    vis_ASurfSegSegment(as, 1, 3, bad);
+    vis_ASurfSetPointdv(as, 4, p[0]);
+    ASSERT_EQ(reports().size(), 3u);
+    EXPECT_EQ(reports()[0].text, "ix[1]= 4");
+    EXPECT_EQ(reports()[1].text, "type= 3");
+    EXPECT_EQ(reports()[2].text, "index= 4");
+    vis_ASurfDelete(as);
+}
+
+TEST_F(ASurfTest, FloatFormsConvert)
+{
+    vis_ASurf* as = vis_ASurfNew();
+    const float c[3] = {0.5f, 1.5f, 2.5f};
+    vis_ASurfSetSphere(as, c, 3.0f);
+    double cd[3], r = 0;
+    vis_ASurfGetSpheredv(as, cd, &r);
+    EXPECT_EQ(cd[0], 0.5);
+    EXPECT_EQ(r, 3.0);
+    float cf[3], rf = 0;
+    vis_ASurfGetSphere(as, cf, &rf);
+    EXPECT_EQ(cf[2], 2.5f);
+    EXPECT_EQ(rf, 3.0f);
+    vis_ASurfDelete(as);
 }
 
 }  // namespace
