@@ -4,9 +4,11 @@
 #include "vis_Connect.h"
 #include "vis_ElemDat.h"
 #include "vis_EProp.h"
+#include "vis_SProp.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 #include "vsy_HashTable.h"
+#include "vsy_List.h"
 
 #include <cstring>
 
@@ -163,4 +165,78 @@ void vis_ModelElemThickness(vis_Model* model, int element, double thickness[])
     vis_ElemDat* data = (vis_ElemDat*)vis_Model_TableGet(model->hash2[3], VIS_ELEMDAT_THICKNESS);
     if (data) vis_ElemDatData(data, element, n, thickness);
     if (n > 0 && thickness[0] == 0.0) vis_Model_PropThickness(model, connect, element, shape, maxi, maxj, thickness);
+}
+
+/* 1 when a non-zero id is missing from a table that exists. */
+static int vis_Model_Dangles(vsy_HashTable* tab, int id)
+{
+    return tab && id != 0 && !vis_Model_TableGet(tab, id);
+}
+
+/* Dangling ids of one association over all entities of a kind. */
+static int vis_Model_CheckAssoc(vis_Connect* connect, int node, int type, vsy_HashTable* tab)
+{
+    if (!tab) return 0;
+    int num = 0, bad = 0;
+    vis_ConnectGetInteger(connect, node ? 1 : 4, &num);
+    for (int i = 1; i <= num; ++i) {
+        int id = 0;
+        if (node) vis_ConnectNodeAssoc(connect, type, 1, &i, &id);
+        else vis_ConnectElemAssoc(connect, type, 1, &i, &id);
+        bad += vis_Model_Dangles(tab, id);
+    }
+    return bad;
+}
+
+/* Dangling case and curve ids of the solution steps. */
+static int vis_Model_CheckSteps(vis_Model* model)
+{
+    static const int single[3][2] = {{8, 1}, {10, 3}, {18, 4}}; /* parameter, hash slot */
+    int nstep = 0, bad = 0;
+    vsy_ListCount(model->sprop, &nstep);
+    for (int s = 1; s <= nstep; ++s) {
+        void* obj = nullptr;
+        vsy_ListRef(model->sprop, s, &obj);
+        vis_SProp* step = (vis_SProp*)obj;
+        if (!step) continue;
+        for (const int* p : single) {
+            int id = 0;
+            vis_SPropValueInteger(step, p[0], &id);
+            bad += vis_Model_Dangles(model->hash[p[1]], id);
+        }
+        int nlc = 0;
+        vis_SPropValueInteger(step, 2, &nlc);
+        for (int k = 0; k < 2 && nlc > 0; ++k) {
+            int* ids = (int*)vis_Model_Calloc((size_t)nlc, sizeof(int));
+            if (!ids) break;
+            vis_SPropValueInteger(step, k ? 23 : 3, ids);
+            for (int i = 0; i < nlc; ++i) bad += vis_Model_Dangles(model->hash[k ? 7 : 2], ids[i]);
+            vsy_Free(ids);
+        }
+    }
+    return bad;
+}
+
+void vis_ModelCheck(vis_Model* model, int* nbad)
+{
+    if (vis_Model_IsNull(model, "vis_ModelCheck")) return;
+    vis_Connect* connect = (vis_Connect*)model->obj[0];
+    if (!connect) {
+        vsy_ErrorRecord(&model->ierr, "vis_ModelCheck", SYS_ERROR_NULLOBJECT, "Connect object");
+        return;
+    }
+    vsy_HashTable *eprops = model->hash[6], *mprops = model->hash[5];
+    int bad = vis_Model_CheckAssoc(connect, 0, 2, eprops) + vis_Model_CheckAssoc(connect, 0, 1, mprops) +
+              vis_Model_CheckAssoc(connect, 1, 4, model->hash[0]);
+    if (eprops && mprops) {
+        int key;
+        void* value;
+        vsy_HashTableInitIter(eprops);
+        for (vsy_HashTableNextIter(eprops, &key, &value); value; vsy_HashTableNextIter(eprops, &key, &value)) {
+            int mid = 0;
+            vis_EPropValueInteger((vis_EProp*)value, 0, &mid);
+            bad += vis_Model_Dangles(mprops, mid);
+        }
+    }
+    *nbad = bad + vis_Model_CheckSteps(model);
 }

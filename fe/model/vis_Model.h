@@ -9,6 +9,9 @@
  * Hash tables are keyed by the ids the connectivity's associations name: `propid` selects in
  * SYS_EPROP, `matlid` or the property's parameter 0 in SYS_MPROP, `csysid` in SYS_COORDSYS;
  * case ids come from the solution steps of the SYS_SPROP list (positions from 1).
+ *
+ * vis_ModelWrite is not built here: the deck writers that it would dispatch to live above the
+ * model, and each has its own entry.
  */
 #ifndef VIS_MODEL_H
 #define VIS_MODEL_H
@@ -76,6 +79,14 @@ void vis_ModelGetList(vis_Model* model, int type, struct vsy_List** list);
  * other option: code 2 "type= %d". No operation of the model gives them a meaning. */
 void vis_ModelSetInteger(vis_Model* model, int type, int value);
 void vis_ModelGetInteger(vis_Model* model, int type, int* value);
+
+/* Counts the references of the model that name nothing: element `propid` (association 2) not
+ * in SYS_EPROP, element `matlid` (1) or property material (parameter 0) not in SYS_MPROP,
+ * node `csysid` (4) not in SYS_COORDSYS, and the case and curve ids of the solution steps
+ * (parameters 3, 8, 10, 18, 23) not in their tables. A table that is absent is not checked; a
+ * zero id names nothing on purpose. Writers pass over such references without an error, so this
+ * is the one place where they show. A model without a connectivity: code 5 "Connect object". */
+void vis_ModelCheck(vis_Model* model, int* nbad);
 
 /* Thickness of an element at its nodes: thickness[0..n-1] for the n nodes of the element's
  * form. Element data of kind 2 wins; when its first value is exactly 0.0 (or it is absent), the

@@ -399,6 +399,19 @@ TEST_F(FixtureTest, CurveAndContactPair)
     ExpectNoReport();
 }
 
+TEST_F(FixtureTest, CheckFindsNoDanglingReferenceUntilOneIsRemoved)
+{
+    int nbad = -1;
+    vis_ModelCheck(m.model, &nbad);
+    EXPECT_EQ(nbad, 0);
+    vsy_HashTableRemove(m.table[5], kMatOrtho);
+    vsy_HashTableRemove(m.table[3], kInitialCase);
+    vis_ModelCheck(m.model, &nbad);
+    // Element 3's `matlid`, property 20's material and step 2's initial condition case.
+    EXPECT_EQ(nbad, 3);
+    ExpectNoReport();
+}
+
 // Allocation failure injected at every allocation of the construction in turn: the build
 // reports failure (or, where a failure is absorbed, still succeeds), never crashes, and
 // destroying the partial model frees everything (AddressSanitizer's leak check runs at exit).
