@@ -3,6 +3,7 @@
 
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
+#include "vsy_HashTable.h"
 
 typedef struct vis_ElemDatRec {
     int count;
@@ -17,7 +18,7 @@ vis_ElemDat* vis_ElemDatNew(void)
 void vis_ElemDatDelete(vis_ElemDat* ed)
 {
     if (!ed) return;
-    vis_Model_TableFree(ed->tab);
+    vsy_HashTableDeleteValues(ed->tab);
     vsy_Free(ed);
 }
 
@@ -37,7 +38,7 @@ void vis_ElemDatDef(vis_ElemDat* ed, int nument, int type, int nval)
         vsy_ErrorRecord(&ed->ierr, "vis_ElemDatDef", SYS_ERROR_VALUE, "nval= %d", nval);
         return;
     }
-    vis_Model_TableFree(ed->tab);
+    vsy_HashTableDeleteValues(ed->tab);
     ed->tab = nullptr;
     ed->nument = nument;
     ed->type = type;

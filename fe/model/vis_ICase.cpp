@@ -20,8 +20,8 @@ vis_ICase* vis_ICaseNew(void)
 void vis_ICaseDelete(vis_ICase* ic)
 {
     if (!ic) return;
-    vis_Model_TableFree(ic->spv[0]);
-    vis_Model_TableFree(ic->spv[1]);
+    vsy_HashTableDeleteValues(ic->spv[0]);
+    vsy_HashTableDeleteValues(ic->spv[1]);
     vsy_Free(ic);
 }
 

@@ -35,11 +35,11 @@ void vis_LCaseClear(vis_LCase* lc)
     if (vis_Model_IsNull(lc, "vis_LCaseClear")) return;
     int ierr = lc->ierr;
     for (int t = 1; t <= 6; ++t) {
-        vis_Model_TableFree(lc->conc[t]);
-        vis_Model_TableFree(lc->dist[0][t]);
-        vis_Model_TableFree(lc->dist[1][t]);
+        vsy_HashTableDeleteValues(lc->conc[t]);
+        vsy_HashTableDeleteValues(lc->dist[0][t]);
+        vsy_HashTableDeleteValues(lc->dist[1][t]);
     }
-    for (int t = 1; t <= 3; ++t) vis_Model_TableFree(lc->elem[t]);
+    for (int t = 1; t <= 3; ++t) vsy_HashTableDeleteValues(lc->elem[t]);
     std::memset(lc, 0, sizeof(*lc));
     lc->ierr = ierr;
 }

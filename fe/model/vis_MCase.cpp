@@ -26,7 +26,7 @@ vis_MCase* vis_MCaseNew(void)
 void vis_MCaseDelete(vis_MCase* mc)
 {
     if (!mc) return;
-    vis_Model_TableFree(mc->equ);
+    vsy_HashTableDeleteValues(mc->equ);
     vsy_Free(mc);
 }
 

@@ -61,20 +61,6 @@ int vis_Model_TablePut(int* ierr, const char* name, vsy_HashTable** tab, int key
     return 0;
 }
 
-void vis_Model_TableFree(vsy_HashTable* tab)
-{
-    if (!tab) return;
-    int key;
-    void* value;
-    vsy_HashTableInitIter(tab);
-    for (;;) {
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) break;
-        vsy_Free(value);
-    }
-    vsy_HashTableDelete(tab);
-}
-
 int vis_Model_TableCount(vsy_HashTable* tab)
 {
     int n = 0;

@@ -27,8 +27,6 @@ void* vis_Model_TableGet(struct vsy_HashTable* tab, int key);
 /* Stores value under key, creating the table first when *tab is null. On failure records code
  * 4 in *ierr with "index= %d" under `name` and returns 0; the table keeps what it held. */
 int vis_Model_TablePut(int* ierr, const char* name, struct vsy_HashTable** tab, int key, void* value);
-/* Releases every value of the table with vsy_Free, then the table; null is allowed. */
-void vis_Model_TableFree(struct vsy_HashTable* tab);
 /* Number of entries of a table; 0 for null. */
 int vis_Model_TableCount(struct vsy_HashTable* tab);
 

@@ -21,8 +21,8 @@ vis_RCase* vis_RCaseNew(void)
 void vis_RCaseDelete(vis_RCase* rc)
 {
     if (!rc) return;
-    vis_Model_TableFree(rc->spc);
-    vis_Model_TableFree(rc->elemc);
+    vsy_HashTableDeleteValues(rc->spc);
+    vsy_HashTableDeleteValues(rc->elemc);
     vsy_Free(rc);
 }
 
