@@ -84,8 +84,8 @@ struct Phase {
         double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
         long long bytes = g_live - live0;
         long rss = RssKb() - rss0;
-        std::printf("%-9s %9ld %-6s %9.2f ms %8.1f ns/%s  allocated %9.2f MB (%6.1f B/%s)  rss %+8.2f MB\n", name, count,
-                    per, ms, ms * 1e6 / count, per, bytes / 1048576.0, (double)bytes / count, per, rss / 1024.0);
+        std::printf("%-9s %9ld %-6s %9.2f ms %8.1f ns/%s  allocated %9.2f MB (%6.1f B/%s)  rss %+8.2f MB\n", name,
+                    count, per, ms, ms * 1e6 / count, per, bytes / 1048576.0, (double)bytes / count, per, rss / 1024.0);
         std::fflush(stdout);
     }
 };

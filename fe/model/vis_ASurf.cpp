@@ -59,22 +59,26 @@ static int vis_ASurf_Index(vis_ASurf* as, const char* name, int index, int last)
 
 void vis_ASurfSetPointdv(vis_ASurf* as, int index, const double x[3])
 {
-    if (vis_ASurf_Index(as, "vis_ASurfSetPointdv", index, as ? as->npts : 0)) std::memcpy(&as->pts[3 * index], x, 3 * sizeof(double));
+    if (vis_ASurf_Index(as, "vis_ASurfSetPointdv", index, as ? as->npts : 0))
+        std::memcpy(&as->pts[3 * index], x, 3 * sizeof(double));
 }
 
 void vis_ASurfSetPoint(vis_ASurf* as, int index, const float x[3])
 {
-    if (vis_ASurf_Index(as, "vis_ASurfSetPoint", index, as ? as->npts : 0)) vis_Model_ToDouble(3, x, &as->pts[3 * index]);
+    if (vis_ASurf_Index(as, "vis_ASurfSetPoint", index, as ? as->npts : 0))
+        vis_Model_ToDouble(3, x, &as->pts[3 * index]);
 }
 
 void vis_ASurfGetPointdv(vis_ASurf* as, int index, double x[3])
 {
-    if (vis_ASurf_Index(as, "vis_ASurfGetPointdv", index, as ? as->npts : 0)) std::memcpy(x, &as->pts[3 * index], 3 * sizeof(double));
+    if (vis_ASurf_Index(as, "vis_ASurfGetPointdv", index, as ? as->npts : 0))
+        std::memcpy(x, &as->pts[3 * index], 3 * sizeof(double));
 }
 
 void vis_ASurfGetPoint(vis_ASurf* as, int index, float x[3])
 {
-    if (vis_ASurf_Index(as, "vis_ASurfGetPoint", index, as ? as->npts : 0)) vis_Model_ToFloat(3, &as->pts[3 * index], x);
+    if (vis_ASurf_Index(as, "vis_ASurfGetPoint", index, as ? as->npts : 0))
+        vis_Model_ToFloat(3, &as->pts[3 * index], x);
 }
 
 void vis_ASurfSegSegment(vis_ASurf* as, int index, int kind, const int pts[])

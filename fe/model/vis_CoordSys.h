@@ -41,7 +41,8 @@ void vis_CoordSysGetName(vis_CoordSys* cs, char* name);
 /* Origin, a vector along the local x axis and a vector in the local x-y plane: x' is the first
  * made unit, z' = x' x v2 made unit, y' = z' x x'. A zero or parallel pair: code 7
  * "Degenerate vectors", nothing changes. */
-void vis_CoordSysSetOriginVectors(vis_CoordSys* cs, const float origin[3], const float xaxis[3], const float xyplane[3]);
+void vis_CoordSysSetOriginVectors(vis_CoordSys* cs, const float origin[3], const float xaxis[3],
+                                  const float xyplane[3]);
 void vis_CoordSysSetOriginVectorsdv(vis_CoordSys* cs, const double origin[3], const double xaxis[3],
                                     const double xyplane[3]);
 /* Origin and direction matrix given as they are (rows are taken to be unit axes). */

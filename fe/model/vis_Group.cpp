@@ -153,7 +153,8 @@ void vis_GroupGetIndex(vis_Group* group, int index, int* flags)
 
 void vis_GroupSetIndex(vis_Group* group, int index, int flags)
 {
-    if (vis_Model_IsNull(group, "vis_GroupSetIndex") || !vis_Group_WriteIndex(group, "vis_GroupSetIndex", index)) return;
+    if (vis_Model_IsNull(group, "vis_GroupSetIndex") || !vis_Group_WriteIndex(group, "vis_GroupSetIndex", index))
+        return;
     vis_Group_SetWord(group, index, (unsigned)flags);
 }
 
@@ -223,6 +224,16 @@ void vis_GroupComplement(vis_Group* group)
     for (int i = 1; i <= group->nument; ++i) vis_Group_SetWord(group, i, ~vis_Group_Word(group, i) & all);
 }
 
+static unsigned vis_Group_Combine(int oper, unsigned a, unsigned b)
+{
+    switch (oper) {
+    case VIS_GROUP_OR: return a | b;
+    case VIS_GROUP_AND: return a & b;
+    case VIS_GROUP_DIFF: return a & ~b;
+    default: return a ^ b;
+    }
+}
+
 void vis_GroupBoolean(vis_Group* group, int oper, vis_Group* other)
 {
     static const char* name = "vis_GroupBoolean";
@@ -237,8 +248,7 @@ void vis_GroupBoolean(vis_Group* group, int oper, vis_Group* other)
     }
     for (int i = 1; i <= group->nument; ++i) {
         unsigned a = vis_Group_Word(group, i), b = vis_Group_Word(other, i);
-        unsigned r = oper == VIS_GROUP_OR ? (a | b) : oper == VIS_GROUP_AND ? (a & b) : oper == VIS_GROUP_DIFF ? (a & ~b) : (a ^ b);
-        vis_Group_SetWord(group, i, r);
+        vis_Group_SetWord(group, i, vis_Group_Combine(oper, a, b));
     }
 }
 

@@ -117,7 +117,8 @@ void vis_ICaseSetSPV(vis_ICase* ic, int index, int level, int tag, float value)
 void vis_ICaseNodeGroup(vis_ICase* ic, int level, vis_Group* group)
 {
     static const char* name = "vis_ICaseNodeGroup";
-    if (!vis_ICase_Level(ic, name, level) || !vis_Model_TableToGroup(&ic->ierr, name, nullptr, group, SYS_NODE, -1, nullptr))
+    if (!vis_ICase_Level(ic, name, level) ||
+        !vis_Model_TableToGroup(&ic->ierr, name, nullptr, group, SYS_NODE, -1, nullptr))
         return;
     vis_GroupClear(group);
     vis_Model_TableToGroup(&ic->ierr, name, ic->spv[level - 1], group, SYS_NODE, -1, nullptr);

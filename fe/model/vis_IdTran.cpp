@@ -298,7 +298,8 @@ failed:
 static int vis_IdTran_Find(vis_IdTran* idt, int id)
 {
     if (idt->kind == VIS_IDTRAN_CONSTANT) return (idt->nument > 0 && id == idt->start) ? 1 : 0;
-    if (idt->kind == VIS_IDTRAN_RUN) return (id >= idt->start && (long)id - idt->start < idt->ncount) ? id - idt->start + 1 : 0;
+    if (idt->kind == VIS_IDTRAN_RUN)
+        return (id >= idt->start && (long)id - idt->start < idt->ncount) ? id - idt->start + 1 : 0;
     if (!idt->ids || id < idt->idmin || id > idt->idmax) return 0;
     if (!idt->built && !vis_IdTran_BuildMap(idt)) return -1;
     if (idt->inv) return idt->inv[id - idt->idmin];

@@ -242,8 +242,8 @@ static void vis_LCase_DistPut(vis_LCase* lc, const char* name, int entity, int i
     if (ent < 0) return;
     int w = vis_LCase_DistWidth(ent, type), per = vis_LCaseDistWidth[type], nno = ent == 1 ? 6 : 12;
     size_t size = sizeof(vis_LCaseDistRec) + sizeof(double) * (size_t)(nno * w);
-    vis_LCaseDistRec* rec =
-        (vis_LCaseDistRec*)vis_Model_TableRecord(&lc->ierr, name, &lc->dist[ent][type], index, size, &lc->distmax[ent][type]);
+    vis_LCaseDistRec* rec = (vis_LCaseDistRec*)vis_Model_TableRecord(&lc->ierr, name, &lc->dist[ent][type], index, size,
+                                                                     &lc->distmax[ent][type]);
     if (!rec) return;
     double* dst = &rec->values[(no - 1) * w];
     if (!(rec->flags & (1 << (no - 1)))) std::memset(dst, 0, sizeof(double) * (size_t)w);

@@ -267,7 +267,8 @@ void vis_Prop_Flag(const vis_PropRef* r, const char* name, int code, int* flag)
 void vis_Prop_Params(const vis_PropRef* r, const char* name, int code, int* datatype, int* count, int* nloc)
 {
     if (!vis_Prop_Check(r, name, code, VIS_PROPREQ_ANY)) return;
-    static const int blocktype[5] = {VIS_PROP_INTEGER, VIS_PROP_DOUBLE, VIS_PROP_STRING, VIS_PROP_FLOAT, VIS_PROP_DOUBLE};
+    static const int blocktype[5] = {VIS_PROP_INTEGER, VIS_PROP_DOUBLE, VIS_PROP_STRING, VIS_PROP_FLOAT,
+                                     VIS_PROP_DOUBLE};
     *count = 0;
     *nloc = 0;
     if (code < 0) {

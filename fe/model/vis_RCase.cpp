@@ -71,7 +71,8 @@ static void vis_RCase_Tags(vis_RCase* rc, const char* name, vsy_HashTable* tab, 
     vis_Model_MaskTags(rec ? rec->mask : 0, n, tags);
 }
 
-static void vis_RCase_Get(vis_RCase* rc, const char* name, vsy_HashTable* tab, int index, int tag, int* type, double* value)
+static void vis_RCase_Get(vis_RCase* rc, const char* name, vsy_HashTable* tab, int index, int tag, int* type,
+                          double* value)
 {
     if (!vis_RCase_Check(rc, name, index, tag)) return;
     const vis_RCaseRec* rec = (const vis_RCaseRec*)vis_Model_TableGet(tab, index);
@@ -115,7 +116,8 @@ void vis_RCaseSPC(vis_RCase* rc, int index, int tag, int* type, float* value)
 
 void vis_RCaseSetSPCdv(vis_RCase* rc, int index, int tag, int type, double value)
 {
-    vis_RCase_Set(rc, "vis_RCaseSetSPCdv", rc ? &rc->spc : nullptr, rc ? &rc->spcmax : nullptr, index, tag, type, value);
+    vis_RCase_Set(rc, "vis_RCaseSetSPCdv", rc ? &rc->spc : nullptr, rc ? &rc->spcmax : nullptr, index, tag, type,
+                  value);
 }
 
 void vis_RCaseSetSPC(vis_RCase* rc, int index, int tag, int type, float value)
@@ -154,7 +156,8 @@ void vis_RCaseSetElemC(vis_RCase* rc, int index, int tag, int type, float value)
 
 static void vis_RCase_Group(vis_RCase* rc, const char* name, vsy_HashTable* tab, int parent, vis_Group* group)
 {
-    if (vis_Model_IsNull(rc, name) || !vis_Model_TableToGroup(&rc->ierr, name, nullptr, group, parent, -1, nullptr)) return;
+    if (vis_Model_IsNull(rc, name) || !vis_Model_TableToGroup(&rc->ierr, name, nullptr, group, parent, -1, nullptr))
+        return;
     vis_GroupClear(group);
     vis_Model_TableToGroup(&rc->ierr, name, tab, group, parent, -1, nullptr);
 }

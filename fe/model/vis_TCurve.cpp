@@ -164,7 +164,8 @@ void vis_TCurveSetIndepdv(vis_TCurve* tc, int n, const int* pts, const double* v
 
 void vis_TCurveDepdv(vis_TCurve* tc, int n, const int* pts, double* values)
 {
-    if (vis_TCurve_Points(tc, "vis_TCurveDepdv", n, pts)) vis_TCurve_Copy(n, pts, tc->dep, tc->nval, values, nullptr, 0);
+    if (vis_TCurve_Points(tc, "vis_TCurveDepdv", n, pts))
+        vis_TCurve_Copy(n, pts, tc->dep, tc->nval, values, nullptr, 0);
 }
 
 void vis_TCurveDep(vis_TCurve* tc, int n, const int* pts, float* values)

@@ -111,8 +111,9 @@ constexpr double kStep2Time[3] = {0.0, 0.01, 2.0}; /* initial, step, termination
 
 /* The model's hash tables the fixture fills, in the order of FullModel::table. */
 constexpr int kNumTables = 12;
-constexpr int kTableCodes[kNumTables] = {SYS_COORDSYS, SYS_RCASE, SYS_LCASE,  SYS_ICASE,     SYS_MCASE,     SYS_MPROP,
-                                         SYS_EPROP,    SYS_TCURVE, SYS_CPAIR, SYS_NODEGROUP, SYS_ELEMGROUP, SYS_ELEMDAT};
+constexpr int kTableCodes[kNumTables] = {SYS_COORDSYS, SYS_RCASE,     SYS_LCASE,     SYS_ICASE,
+                                         SYS_MCASE,    SYS_MPROP,     SYS_EPROP,     SYS_TCURVE,
+                                         SYS_CPAIR,    SYS_NODEGROUP, SYS_ELEMGROUP, SYS_ELEMDAT};
 
 struct FullModel {
     vis_Model* model;
