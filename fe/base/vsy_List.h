@@ -1,7 +1,9 @@
 /* vsy_List: an ordered list of pointers addressed by position from 1.
  *
- * The list stores pointers only and never releases what they point to. Positions 1 to `num`
- * are in use; `items` holds cap + 1 entries, entry 0 reserved. Growth doubles the capacity.
+ * The model carries its solution steps in one (table code 2280), which is why this container is
+ * built although the other rarely used containers are left out. The list stores pointers only
+ * and never releases what they point to. Positions 1 to `num` are in use; `items` holds cap + 1
+ * entries, entry 0 reserved. Growth doubles the capacity.
  */
 #ifndef VSY_LIST_H
 #define VSY_LIST_H

@@ -1,6 +1,8 @@
 /* vis_CPair: contact pair parameters and sides; see vis_CPair.h. */
 #include "vis_CPair.h"
 
+#include "vis_ElemTopology.h"
+#include "vis_Group.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 
@@ -120,4 +122,29 @@ void vis_CPairMasterSlaveElem(vis_CPair* cp, int side, int i, int* index, int* n
     if (index) *index = e->index;
     if (no) *no = e->no;
     if (weight) *weight = e->weight;
+}
+
+/* Marks the entities of a side whose number is a node (0) or a face (above 0) in a group. */
+static void vis_CPair_Group(vis_CPair* cp, const char* name, int side, int faces, vis_Group* group)
+{
+    int parent = faces ? SYS_ELEM : SYS_NODE, child = faces ? SYS_FACE : -1;
+    if (!vis_Model_TableToGroup(&cp->ierr, name, nullptr, group, parent, child, nullptr)) return;
+    vis_GroupClear(group);
+    for (int i = 0; i < cp->num[side]; ++i) {
+        const vis_CPairEnt* e = &cp->ent[side][i];
+        if ((e->no > 0) != (faces != 0) || e->index > group->nument) continue;
+        if (faces) vis_GroupSetEntFlag(group, e->index, e->no, 1);
+        else vis_GroupSetIndex(group, e->index, 1);
+    }
+}
+
+void vis_CPairNodeGroup(vis_CPair* cp, vis_Group* group)
+{
+    if (!vis_Model_IsNull(cp, "vis_CPairNodeGroup"))
+        vis_CPair_Group(cp, "vis_CPairNodeGroup", VIS_CPAIR_SLAVE, 0, group);
+}
+
+void vis_CPairFaceGroup(vis_CPair* cp, int side, vis_Group* group)
+{
+    if (vis_CPair_Side(cp, "vis_CPairFaceGroup", side)) vis_CPair_Group(cp, "vis_CPairFaceGroup", side, 1, group);
 }

@@ -7,12 +7,15 @@
  * Entities keep the order in which they were added and count from 1. Errors: a side other than
  * 0 and 1 code 2 "type= %d"; an entity number outside the list code 1 "index= %d"; an element,
  * face or node below 1 code 1 "index= %d"; a failed allocation code 4 "Realloc vec". The stream
- * forms (Write, Read) are not built: no reader of this system uses them.
+ * forms (Write, Read), the edge group, the companion object and the search of a slave node's
+ * master are not built: no reader of this system uses them.
  */
 #ifndef VIS_CPAIR_H
 #define VIS_CPAIR_H
 
 #include "vis_PropCore.h"
+
+struct vis_Group;
 
 #define VIS_CPAIR_NUM 8
 #define VIS_CPAIR_SLAVE 0
@@ -55,5 +58,11 @@ void vis_CPairSetMaster(vis_CPair* cp, int elem, int face);
 /* Entities of a side, and entity i (from 1) of it. */
 void vis_CPairMasterSlaveElemNum(vis_CPair* cp, int side, int* num);
 void vis_CPairMasterSlaveElem(vis_CPair* cp, int side, int i, int* index, int* no, double* weight);
+
+/* Clears the group and marks the slave nodes (a group of parent 1), or the element faces of a
+ * side (parent 4, child 3), up to its count. A group of another kind: code 2 "parenttype= %d" or
+ * "childtype= %d". */
+void vis_CPairNodeGroup(vis_CPair* cp, struct vis_Group* group);
+void vis_CPairFaceGroup(vis_CPair* cp, int side, struct vis_Group* group);
 
 #endif

@@ -5,7 +5,9 @@
  * (r, theta, phi with theta from the local z axis; the two differ only in the deck formats
  * that name them). The system at a point (vis_CoordSysTriad) is the matrix itself for a
  * rectangular system and the local curvilinear directions otherwise; on the axis (or at the
- * origin) the undefined directions fall back on the matrix rows.
+ * origin) the undefined directions fall back on the matrix rows. Systems defined on a surface
+ * or relative to another system (SetSurface, Resolve, SetObject) are not built: the writers read
+ * origin and matrix only.
  */
 #ifndef VIS_COORDSYS_H
 #define VIS_COORDSYS_H

@@ -14,7 +14,8 @@
  * entry reads as zeros with no error. Errors: index below 1 code 1 "index= %d"; a type outside
  * its list code 2 "type= %d"; an entity other than 2 and 3 code 2 "enttype= %d"; a number
  * outside 1 to 6 (faces) or 1 to 12 (edges) code 1 "no= %d"; a failed allocation code 4
- * "index= %d". The largest index per type only grows.
+ * "index= %d". The largest index per type only grows. The companion object and parameter
+ * calls (SetObject, GetObject, SetParamd) are not built: no reader of this system uses them.
  */
 #ifndef VIS_LCASE_H
 #define VIS_LCASE_H

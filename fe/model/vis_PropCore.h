@@ -19,7 +19,8 @@
  * type= %d"). A string is cut to the row's capacity. A failed allocation is code 4 "type= %d"
  * and keeps the old value.
  *
- * The Stream operations of the family are not built: nothing in the system reads a stream.
+ * The Stream operations and SetParami of the family are not built: nothing in the system reads
+ * a stream, and no option of a property object is named.
  */
 #ifndef VIS_PROPCORE_H
 #define VIS_PROPCORE_H

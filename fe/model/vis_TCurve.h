@@ -7,7 +7,8 @@
  * Errors: npts below 0 code 1 "npts= %d"; nval below 1 code 1 "nval= %d"; a point count below
  * 0 code 1 "num= %d"; a listed point outside 1 to npts code 1 "pts[%d]= %d" (nothing is
  * read or written then); a parameter option other than VIS_TCURVE_TYPE code 2 "type= %d"; a
- * failed allocation code 4 "npts= %d" and the curve keeps what it held.
+ * failed allocation code 4 "npts= %d" and the curve keeps what it held. The component form
+ * (SetCompPWLinear), Merge and SetParamd are not built: no reader of this system uses them.
  */
 #ifndef VIS_TCURVE_H
 #define VIS_TCURVE_H

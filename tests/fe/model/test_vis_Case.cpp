@@ -496,6 +496,23 @@ TEST_F(CPairTest, ParametersKindsAndSides)
     EXPECT_EQ(reports()[1].text, "type= 2");
     EXPECT_EQ(reports()[2].text, "index= 2");
     EXPECT_EQ(reports()[3].text, "index= 0");
+    Reports().clear();
+    vis_Group* faces = vis_GroupNew();
+    vis_GroupDef(faces, 5, SYS_ELEM, SYS_FACE);
+    vis_CPairFaceGroup(cp, VIS_CPAIR_MASTER, faces);
+    int flags = 0;
+    vis_GroupGetIndex(faces, 4, &flags);
+    EXPECT_EQ(flags, 1 << 5);  // element 4, face 6
+    vis_Group* nodes = vis_GroupNew();
+    vis_GroupDef(nodes, 20, SYS_NODE, 0);
+    vis_CPairNodeGroup(cp, nodes);
+    vis_GroupCount(nodes, &num);
+    EXPECT_EQ(num, 1);
+    vis_GroupGetIndex(nodes, 11, &flags);
+    EXPECT_EQ(flags, 1);
+    ExpectNoReport();
+    vis_GroupDelete(faces);
+    vis_GroupDelete(nodes);
     vis_CPairDef(cp);
     vis_CPairMasterSlaveElemNum(cp, VIS_CPAIR_MASTER, &num);
     EXPECT_EQ(num, 0);
