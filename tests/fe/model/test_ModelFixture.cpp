@@ -426,20 +426,26 @@ TEST_F(FixtureFailureTest, EveryAllocationOfTheConstructionMayFail)
     RestoreAllocation();
     DestroyFullModel(&m);
     ASSERT_GT(total, 50);
-    long failed = 0;
-    for (long nth = 1; nth <= total; ++nth) {
-        Reports().clear();
-        FailAllocation(nth);
-        int ok = BuildFullModel(&m);
-        RestoreAllocation();
-        if (!ok) {
-            ++failed;
-            EXPECT_FALSE(reports().empty()) << "allocation " << nth << " failed silently";
+    // One failing allocation, then every allocation from that one on failing.
+    for (bool all : {false, true}) {
+        long failed = 0;
+        for (long nth = 1; nth <= total; ++nth) {
+            Reports().clear();
+            FailAllocation(nth, all);
+            int ok = BuildFullModel(&m);
+            RestoreAllocation();
+            if (!ok) {
+                ++failed;
+                EXPECT_FALSE(reports().empty()) << "allocation " << nth << " failed silently";
+            }
+            DestroyFullModel(&m);
         }
-        DestroyFullModel(&m);
+        // Most failures must surface; a failed growth of a hash table is absorbed on purpose.
+        EXPECT_GT(failed, total / 2) << (all ? "all from nth" : "nth only");
+        if (all) {
+            EXPECT_EQ(failed, total);  // nothing can be built once memory has run out
+        }
     }
-    // Most failures must surface; a failed growth of a hash table is absorbed on purpose.
-    EXPECT_GT(failed, total / 2);
 }
 
 }  // namespace
