@@ -3,6 +3,7 @@
 
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
+#include "vsy_Grow.h"
 #include "vsy_IntHash.h"
 
 #include <climits>
@@ -130,7 +131,12 @@ static int vis_IdTran_Explicit(vis_IdTran* idt, const char* name, int need)
 {
     int want = need > idt->nument ? need : idt->nument;
     if (idt->kind == VIS_IDTRAN_EXPLICIT && idt->ids && want <= idt->cap) return 1;
+    if (want > VSY_GROW_MAXCAP) {
+        vsy_ErrorRecord(&idt->ierr, name, SYS_ERROR_VALUE, "index= %d", want);
+        return 0;
+    }
     int cap = want > 2 * idt->cap ? want : 2 * idt->cap;
+    if (cap > VSY_GROW_MAXCAP) cap = VSY_GROW_MAXCAP;
     int* ids = (int*)vis_Model_Calloc((size_t)cap + 1, sizeof(int));
     if (!ids || (idt->ents && !vis_IdTran_GrowArray(&idt->ents, idt->cap, cap))) {
         vsy_Free(ids);

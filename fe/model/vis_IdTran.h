@@ -55,8 +55,8 @@ void vis_IdTranSetConstant(vis_IdTran* idt, int nument, int value);
 void vis_IdTranType(vis_IdTran* idt, int* kind);
 void vis_IdTranNum(vis_IdTran* idt, int* nument);
 
-/* Sets the id at an index from 1; an index above nument extends the list. A failed growth:
- * code 4 "Realloc vec", nothing changes. */
+/* Sets the id at an index from 1; an index above nument extends the list. An index beyond
+ * VSY_GROW_MAXCAP: code 1 "index= %d"; a failed growth: code 4 "Realloc vec"; nothing changes. */
 void vis_IdTranSetId(vis_IdTran* idt, int index, int id);
 void vis_IdTranGetId(vis_IdTran* idt, int index, int* id);
 /* All nument ids into ids[0 ..]. */

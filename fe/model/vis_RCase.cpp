@@ -71,14 +71,16 @@ static void vis_RCase_Tags(vis_RCase* rc, const char* name, vsy_HashTable* tab, 
     vis_Model_MaskTags(rec ? rec->mask : 0, n, tags);
 }
 
-static void vis_RCase_Get(vis_RCase* rc, const char* name, vsy_HashTable* tab, int index, int tag, int* type,
-                          double* value)
+/* Reads a tag of an entry; 0 when the arguments were refused (nothing written). */
+static int vis_RCase_Get(vis_RCase* rc, const char* name, vsy_HashTable* tab, int index, int tag, int* type,
+                         double* value)
 {
-    if (!vis_RCase_Check(rc, name, index, tag)) return;
+    if (!vis_RCase_Check(rc, name, index, tag)) return 0;
     const vis_RCaseRec* rec = (const vis_RCaseRec*)vis_Model_TableGet(tab, index);
     int on = rec && (rec->mask & (1 << (tag - 1)));
     *type = on ? rec->type[tag - 1] : 0;
     *value = on ? rec->value[tag - 1] : 0.0;
+    return 1;
 }
 
 static void vis_RCase_Set(vis_RCase* rc, const char* name, vsy_HashTable** tab, int* max, int index, int tag, int type,
@@ -109,9 +111,8 @@ void vis_RCaseSPCdv(vis_RCase* rc, int index, int tag, int* type, double* value)
 
 void vis_RCaseSPC(vis_RCase* rc, int index, int tag, int* type, float* value)
 {
-    double d = *value;
-    vis_RCase_Get(rc, "vis_RCaseSPC", rc ? rc->spc : nullptr, index, tag, type, &d);
-    *value = (float)d;
+    double d = 0.0;
+    if (vis_RCase_Get(rc, "vis_RCaseSPC", rc ? rc->spc : nullptr, index, tag, type, &d)) *value = (float)d;
 }
 
 void vis_RCaseSetSPCdv(vis_RCase* rc, int index, int tag, int type, double value)
@@ -137,9 +138,8 @@ void vis_RCaseElemCdv(vis_RCase* rc, int index, int tag, int* type, double* valu
 
 void vis_RCaseElemC(vis_RCase* rc, int index, int tag, int* type, float* value)
 {
-    double d = *value;
-    vis_RCase_Get(rc, "vis_RCaseElemC", rc ? rc->elemc : nullptr, index, tag, type, &d);
-    *value = (float)d;
+    double d = 0.0;
+    if (vis_RCase_Get(rc, "vis_RCaseElemC", rc ? rc->elemc : nullptr, index, tag, type, &d)) *value = (float)d;
 }
 
 void vis_RCaseSetElemCdv(vis_RCase* rc, int index, int tag, int type, double value)

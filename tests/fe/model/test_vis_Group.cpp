@@ -244,6 +244,23 @@ TEST_F(IdTranTest, ConstantNameAndErrors)
     EXPECT_EQ(vis_IdTranError(idt), SYS_ERROR_VALUE);
 }
 
+TEST_F(IdTranTest, GrowthFailureAndHugeIndexChangeNothing)
+{
+    vis_IdTranSetId(idt, 1, 11);
+    vis_IdTranSetId(idt, 0x7fffffff, 5);
+    ExpectOnlyReport("vis_IdTranSetId", SYS_ERROR_VALUE, "index= 2147483647");
+    Reports().clear();
+    FailAllocation(1);
+    vis_IdTranSetId(idt, 50, 7);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_IdTranSetId", SYS_ERROR_MEMORY, "Realloc vec");
+    int n = 0, id = 0;
+    vis_IdTranNum(idt, &n);
+    vis_IdTranGetId(idt, 1, &id);
+    EXPECT_EQ(n, 1);
+    EXPECT_EQ(id, 11);
+}
+
 class CoordSysTest : public ContainerTest {};
 
 TEST_F(CoordSysTest, VectorsMakeARightHandedTriad)
