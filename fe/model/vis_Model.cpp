@@ -147,7 +147,10 @@ static void vis_Model_PropThickness(vis_Model* model, vis_Connect* connect, int 
     if (!prop) return;
     int type = 0;
     vis_EPropGetType(prop, &type);
-    if (type == 2) vis_EPropEvaldv(prop, 7, shape, maxi, maxj, thickness);
+    if (type != 2) return;
+    vis_EPropEvaldv(prop, 7, shape, maxi, maxj, thickness);
+    int ierr = vis_EPropError(prop); /* the property's failure becomes the model's */
+    if (ierr) model->ierr = ierr;
 }
 
 void vis_ModelElemThickness(vis_Model* model, int element, double thickness[])

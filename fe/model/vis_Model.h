@@ -92,7 +92,8 @@ void vis_ModelCheck(vis_Model* model, int* nbad);
  * form. Element data of kind 2 wins; when its first value is exactly 0.0 (or it is absent), the
  * element's property (association 2 `propid` in SYS_EPROP) gives its parameter 7 evaluated at
  * the nodes, but only for a shell property (type 2). Otherwise zeros, with no error. A model
- * without a connectivity: code 5 "Connect object". */
+ * without a connectivity: code 5 "Connect object". A failure of the property's evaluation (a
+ * shell property on a solid: "shape= %d") is polled from the property into the model. */
 void vis_ModelElemThickness(vis_Model* model, int element, double thickness[]);
 
 #endif

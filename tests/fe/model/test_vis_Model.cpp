@@ -144,7 +144,7 @@ protected:
     {
         ModelTest::SetUp();
         connect = vis_ConnectNew();
-        vis_ConnectDef(connect, 4, 2);
+        vis_ConnectDef(connect, 4, 3);
         const double x[4][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
         for (int i = 0; i < 4; ++i) vis_ConnectSetCoordsdv(connect, i + 1, x[i]);
         const int quad[4] = {1, 2, 3, 4}, tri[3] = {1, 2, 3};
@@ -154,6 +154,10 @@ protected:
         vis_ConnectSetElemNode(connect, 2, tri);
         vis_ConnectSetElemAssoc(connect, 2, 1, 5);
         vis_ConnectSetElemAssoc(connect, 2, 2, 5);
+        const int tet[4] = {1, 2, 3, 4};
+        vis_ConnectSetTopology(connect, 3, SYS_SHAPE_TET, 0, 0, 0);
+        vis_ConnectSetElemNode(connect, 3, tet);
+        vis_ConnectSetElemAssoc(connect, 2, 3, 5);
         vis_ModelSetObject(model, SYS_CONNECT, connect);
         eprops = vsy_HashTableNew();
         prop = vis_EPropNew();
@@ -247,6 +251,19 @@ TEST_F(ThicknessTest, TriangleWithFourCornerThicknessTakesTheFirstThree)
     EXPECT_DOUBLE_EQ(t[0], 1.0);
     EXPECT_DOUBLE_EQ(t[1], 2.0);
     EXPECT_DOUBLE_EQ(t[2], 3.0);
+}
+
+TEST_F(ThicknessTest, ShellPropertyOnASolidIsPolledIntoTheModel)
+{
+    vis_EPropDef(prop, 2);
+    vis_EPropSetValued(prop, 7, 0.5);
+    vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    double t[4] = {9, 9, 9, 9};
+    vis_ModelElemThickness(model, 3, t);
+    ExpectOnlyReport("vis_EPropEvaldv", SYS_ERROR_ENUM, "shape= 4");
+    for (double v : t) EXPECT_EQ(v, 0.0);  // the zeros stay
+    EXPECT_EQ(vis_ModelError(model), SYS_ERROR_ENUM);
+    EXPECT_EQ(vis_EPropError(prop), 0);  // consumed by the model's poll
 }
 
 class ListTest : public ContainerTest {};
