@@ -129,6 +129,26 @@ TEST_F(LCaseTest, PressureOnFacesKeepsItsCornersAndFlags)
     ExpectNoReport();
 }
 
+TEST_F(LCaseTest, FloatFormsOfDistributedAndElementLoads)
+{
+    const float p[4] = {1.5f, 2.5f, 3.5f, 4.5f};
+    vis_LCaseSetDist(lc, 3, 2, 3, 2, p);
+    vis_LCaseAddDist(lc, 3, 2, 3, 2, p);
+    float got[4] = {};
+    vis_LCaseDist(lc, 3, 2, 3, 2, got);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(got[i], 2 * p[i]);
+    const float q[2] = {7.0f, 8.0f};
+    vis_LCaseSetElem(lc, 2, 2, 2, q);
+    vis_LCaseAddElem(lc, 2, 2, 1, q);  // adds to the first value only
+    int n = 0;
+    float e[2] = {};
+    vis_LCaseElem(lc, 2, 2, &n, e);
+    EXPECT_EQ(n, 2);
+    EXPECT_EQ(e[0], 14.0f);
+    EXPECT_EQ(e[1], 8.0f);
+    ExpectNoReport();
+}
+
 TEST_F(LCaseTest, TractionOnAnEdgeHasThreeScalarsPerCorner)
 {
     const double t[6] = {1, 0, 0, 0, 1, 0};
@@ -429,6 +449,29 @@ TEST_F(TCurveTest, PiecewiseLinearPointsAndEvaluation)
     vis_TCurveIndepdv(tc, 2, bad, got);
     ExpectOnlyReport("vis_TCurveIndepdv", SYS_ERROR_VALUE, "pts[1]= 4");
     EXPECT_EQ(got[0], -1.0);  // nothing read
+    vis_TCurveDelete(tc);
+}
+
+TEST_F(TCurveTest, FloatForms)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    const float x[2] = {0.0f, 2.0f}, y[2] = {1.0f, 3.0f};
+    vis_TCurveSetPWLinear(tc, 2, x, y);
+    vis_TCurveSetFactor(tc, 0.5f);
+    const int pts[2] = {2, 1};
+    float ind[2], dep[2], f = 0;
+    vis_TCurveIndep(tc, 2, pts, ind);
+    vis_TCurveDep(tc, 2, pts, dep);
+    vis_TCurveGetFactor(tc, &f);
+    EXPECT_EQ(ind[0], 2.0f);
+    EXPECT_EQ(dep[1], 1.0f);
+    EXPECT_EQ(f, 0.5f);
+    const float nd[1] = {9.0f};
+    const int one[1] = {1};
+    vis_TCurveSetDep(tc, 1, one, nd);
+    double v = 0;
+    vis_TCurveEvaldv(tc, -1.0, &v);
+    EXPECT_EQ(v, 4.5);  // the first point held, times 0.5
     vis_TCurveDelete(tc);
 }
 

@@ -6,6 +6,7 @@
 #include "vis_MProp.h"
 #include "vis_RProp.h"
 #include "vis_SProp.h"
+#include "vis_UProp.h"
 #include "vsy_PropSet.h"
 #include "vsy_TestSupport.h"
 
@@ -304,6 +305,32 @@ TEST_F(PropTest, GlobalAndResultPropertiesUseTheirTables)
     ExpectOnlyReport("vis_GPropValueString", SYS_ERROR_ENUM, "type= 10");
     vis_GPropDelete(gp);
     vis_RPropDelete(rp);
+}
+
+TEST_F(PropTest, UserArraysKeepTheirDimensions)
+{
+    vis_UProp* up = vis_UPropNew();
+    vis_UPropDef(up, 2);
+    const int dims[2] = {2, 3};
+    const double a[6] = {1, 2, 3, 4, 5, 6};
+    vis_UPropSetArraydv(up, -4000002, 2, dims, a);  // array block, index 1
+    double got[6] = {};
+    int ndim = 0, gd[8] = {};
+    vis_UPropValueDouble(up, -4000002, got);
+    vis_UPropValueDims(up, -4000002, &ndim, gd);
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(got[i], a[i]);
+    EXPECT_EQ(ndim, 2);
+    EXPECT_EQ(gd[1], 3);
+    ExpectNoReport();
+    const int bad[1] = {0};
+    vis_UPropSetArraydv(up, -4000001, 1, bad, a);
+    vis_UPropValueInteger(up, -4000001, &ndim);
+    vis_UPropDef(up, -1);
+    ASSERT_EQ(reports().size(), 3u);
+    EXPECT_EQ(reports()[0].text, "nument= 1");
+    EXPECT_EQ(reports()[1].text, "Improper data type, type= -4000001");
+    EXPECT_EQ(reports()[2].text, "nument= -1");
+    vis_UPropDelete(up);
 }
 
 TEST_F(PropTest, PropSetReplacesAndReads)
