@@ -176,6 +176,13 @@ protected:
         vis_ConnectDelete(connect);
         ModelTest::TearDown();
     }
+    /* Gives property 5 a type and a one-location thickness of 0.5 and puts it in the model. */
+    void UseProperty(int type)
+    {
+        vis_EPropDef(prop, type);
+        vis_EPropSetValued(prop, 7, 0.5);
+        vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    }
     vis_Connect* connect = nullptr;
     vsy_HashTable* eprops = nullptr;
     vis_EProp* prop = nullptr;
@@ -204,9 +211,7 @@ TEST_F(ThicknessTest, MissingConnectReportsCode5)
 
 TEST_F(ThicknessTest, ElementDataWinsOverTheProperty)
 {
-    vis_EPropDef(prop, 2);
-    vis_EPropSetValued(prop, 7, 0.5);
-    vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    UseProperty(2);
     vis_ModelSetHashTable(model, SYS_ELEMDAT, elemdats);
     const double d[4] = {1, 2, 3, 4};
     vis_ElemDatSetDatadv(elemdat, 1, 4, d);
@@ -217,9 +222,7 @@ TEST_F(ThicknessTest, ElementDataWinsOverTheProperty)
 
 TEST_F(ThicknessTest, ZeroAtTheFirstNodeFallsBackOnTheShellProperty)
 {
-    vis_EPropDef(prop, 2);
-    vis_EPropSetValued(prop, 7, 0.5);
-    vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    UseProperty(2);
     vis_ModelSetHashTable(model, SYS_ELEMDAT, elemdats);
     const double d[4] = {0.0, 2, 3, 4};  // only the first value decides: replaced whole
     vis_ElemDatSetDatadv(elemdat, 1, 4, d);
@@ -231,9 +234,7 @@ TEST_F(ThicknessTest, ZeroAtTheFirstNodeFallsBackOnTheShellProperty)
 
 TEST_F(ThicknessTest, MembranePropertyGivesNoFallback)
 {
-    vis_EPropDef(prop, 3);
-    vis_EPropSetValued(prop, 7, 0.5);
-    vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    UseProperty(3);
     double t[4] = {9, 9, 9, 9};
     vis_ModelElemThickness(model, 1, t);
     for (double v : t) EXPECT_EQ(v, 0.0);
@@ -255,9 +256,7 @@ TEST_F(ThicknessTest, TriangleWithFourCornerThicknessTakesTheFirstThree)
 
 TEST_F(ThicknessTest, ShellPropertyOnASolidIsPolledIntoTheModel)
 {
-    vis_EPropDef(prop, 2);
-    vis_EPropSetValued(prop, 7, 0.5);
-    vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+    UseProperty(2);
     double t[4] = {9, 9, 9, 9};
     vis_ModelElemThickness(model, 3, t);
     ExpectOnlyReport("vis_EPropEvaldv", SYS_ERROR_ENUM, "shape= 4");
