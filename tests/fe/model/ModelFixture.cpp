@@ -27,7 +27,7 @@ int BuildConnect(FullModel* m)
         if (i >= 11) vis_ConnectSetNodeAssoc(c, 4, i, kCsysId);
     }
     for (int e = 1; e <= kNumElem; ++e) {
-        const ElemSpec& s = kElems[e - 1];
+        const ElemRow& s = kElems[e - 1];
         vis_ConnectSetTopology(c, e, s.shape, 0, 0, 0);
         vis_ConnectSetElemNode(c, e, s.nodes);
         vis_ConnectSetElemAssoc(c, 0, e, s.featype);

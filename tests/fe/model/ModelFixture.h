@@ -46,11 +46,11 @@ constexpr int kNumNode = 12;
 constexpr int kNumElem = 6;
 constexpr double kCoords[kNumNode][3] = {{0, 0, 1}, {1, 0, 1}, {2, 0, 1}, {0, 1, 1}, {1, 1, 1}, {2, 1, 1},
                                          {0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {3, 0, 1}, {4, 0, 1}};
-struct ElemSpec {
+struct ElemRow {
     int shape, featype, matlid, propid, partid, nnode;
     int nodes[8];
 };
-constexpr ElemSpec kElems[kNumElem] = {
+constexpr ElemRow kElems[kNumElem] = {
     {SYS_SHAPE_QUAD, 2, 1, 10, 1, 4, {1, 2, 5, 4}},
     {SYS_SHAPE_QUAD, 2, 1, 10, 1, 4, {2, 3, 6, 5}},
     {SYS_SHAPE_HEX, 1, 2, 20, 2, 8, {7, 8, 9, 10, 1, 2, 5, 4}},

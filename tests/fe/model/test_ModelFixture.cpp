@@ -57,7 +57,7 @@ TEST_F(FixtureTest, MeshThroughTheModel)
         EXPECT_EQ(uid, kNodeIdBase + i);
     }
     for (int e = 1; e <= kNumElem; ++e) {
-        const ElemSpec& s = kElems[e - 1];
+        const ElemRow& s = kElems[e - 1];
         int shape = -1, maxi, maxj, maxk, num = 0, nodes[8], v[5];
         vis_ConnectTopology(c, e, &shape, &maxi, &maxj, &maxk);
         vis_ConnectElemNode(c, e, &num, nodes);
