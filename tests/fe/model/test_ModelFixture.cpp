@@ -82,7 +82,14 @@ TEST_F(FixtureTest, MeshThroughTheModel)
     vis_ModelGetObject(m.model, SYS_UNITS, &obj);
     int base = 0;
     vis_UnitsGetBase(static_cast<vis_Units*>(obj), VIS_UNITS_LENGTH, &base);
-    EXPECT_EQ(base, 3);
+    EXPECT_EQ(base, 3);  // mm
+    vis_UnitsGetBase(static_cast<vis_Units*>(obj), VIS_UNITS_MASS, &base);
+    EXPECT_EQ(base, 3);  // t
+    for (int i = 1; i <= kNumNode; ++i) {
+        int featype = 0;
+        vis_ConnectNodeAssoc(c, 0, 1, &i, &featype);
+        EXPECT_EQ(featype, 1);
+    }
 }
 
 TEST_F(FixtureTest, EachElementReachesItsPropertyAndMaterial)
@@ -113,6 +120,9 @@ TEST_F(FixtureTest, PropertyValues)
     vis_EPropValueDouble(shell, 11, &nsm);
     for (int i = 0; i < 4; ++i) EXPECT_EQ(t[i], kShellThickness[i]);
     EXPECT_EQ(nsm, kShellNsm);
+    int rule = 0;
+    vis_EPropValueInteger(Lookup<vis_EProp>(SYS_EPROP, kPropSolid), 6, &rule);
+    EXPECT_EQ(rule, 2);
     vis_EProp* beam = Lookup<vis_EProp>(SYS_EPROP, kPropBeam);
     const struct {
         int code;
@@ -220,6 +230,9 @@ TEST_F(FixtureTest, Groups)
     EXPECT_EQ(type, SYS_ELEM);
     vis_IdTranNum(elems, &n);
     EXPECT_EQ(n, 2);
+    vis_IdTranGetIds(elems, ids);
+    EXPECT_EQ(ids[0], 1);
+    EXPECT_EQ(ids[1], 2);
     vis_IdTranGetName(elems, name);
     EXPECT_STREQ(name, "Plate");
 }
@@ -274,6 +287,10 @@ TEST_F(FixtureTest, StepsSelectTheirCases)
         vis_SPropValueDouble(s2, 5 + i, &v);
         EXPECT_EQ(v, kStep2Time[i]);
     }
+    vis_SPropValueString(s2, 19, title);
+    vis_SPropValueInteger(s2, 22, &caseid);
+    EXPECT_STREQ(title, "Transient step");
+    EXPECT_EQ(caseid, 2);
     EXPECT_NE(Lookup<vis_ICase>(SYS_ICASE, icid), nullptr);
     EXPECT_NE(Lookup<vis_TCurve>(SYS_TCURVE, curve), nullptr);
     ExpectNoReport();
