@@ -214,13 +214,22 @@ void vis_Prop_SetFloats(const vis_PropRef* r, const char* name, int code, const 
     vsy_Free(dv);
 }
 
+/* The user values sized to the member's current number of them, or null when none exist. */
+static vis_UProp* vis_Prop_SyncUser(const vis_PropRef* r)
+{
+    vis_UProp* up = *r->uprop;
+    if (!up) return nullptr;
+    vis_UPropDef(up, vis_Prop_IntParam(r, r->table->nuser));
+    vis_UPropError(up); /* a shrink cannot fail; a failed growth keeps the old slots */
+    return up;
+}
+
 /* Reads a user value by the block of its code. */
 static void vis_Prop_GetUser(const vis_PropRef* r, int code, int* iv, double* dv, float* fv, char* sv)
 {
-    vis_UProp* up = *r->uprop;
+    vis_UProp* up = vis_Prop_SyncUser(r);
     if (!up) return;
-    vis_UPropDef(up, vis_Prop_IntParam(r, r->table->nuser));
-    vis_UPropError(up);
+    if (vis_UProp_Index(code) >= up->num) return; /* slots not grown: nothing was set there */
     switch (vis_UProp_Block(code)) {
     case 0: vis_UPropValueInteger(up, code, iv); break;
     case 2: vis_UPropValueString(up, code, sv); break;
@@ -261,7 +270,8 @@ void vis_Prop_Flag(const vis_PropRef* r, const char* name, int code, int* flag)
         return;
     }
     *flag = 0;
-    if (*r->uprop) vis_UPropValueFlag(*r->uprop, code, flag);
+    vis_UProp* up = vis_Prop_SyncUser(r);
+    if (up && vis_UProp_Index(code) < up->num) vis_UPropValueFlag(up, code, flag);
 }
 
 void vis_Prop_Params(const vis_PropRef* r, const char* name, int code, int* datatype, int* count, int* nloc)
@@ -274,7 +284,8 @@ void vis_Prop_Params(const vis_PropRef* r, const char* name, int code, int* data
     if (code < 0) {
         int flag = 0;
         *datatype = blocktype[vis_UProp_Block(code)];
-        if (*r->uprop) vis_UPropValueFlag(*r->uprop, code, &flag);
+        vis_UProp* up = vis_Prop_SyncUser(r);
+        if (up && vis_UProp_Index(code) < up->num) vis_UPropValueFlag(up, code, &flag);
         *count = *nloc = flag;
         return;
     }

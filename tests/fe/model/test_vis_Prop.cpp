@@ -187,6 +187,13 @@ TEST_F(PropTest, UserValuesByBlock)
     vis_SPropValueFlag(sp, -2, &flag);
     EXPECT_EQ(flag, 0);  // index 1 of the integers never set
     ExpectNoReport();
+    vis_SPropSetValuei(sp, 59, 3);  // more user values later: the slots grow, values stay
+    vis_SPropValueFlag(sp, -3, &flag);
+    EXPECT_EQ(flag, 0);
+    vis_SPropValueInteger(sp, -1, &i);
+    EXPECT_EQ(i, 7);
+    ExpectNoReport();
+    vis_SPropSetValuei(sp, 59, 2);
     vis_SPropSetValuei(sp, -3, 1);  // index 2: beyond two user values
     ExpectOnlyReport("vis_SPropSetValuei", SYS_ERROR_ENUM, "type= -3");
     Reports().clear();
