@@ -89,6 +89,16 @@ void vsy_HashTableDelete(vsy_HashTable* tab)
     vsy_Free(tab);
 }
 
+void vsy_HashTableDeleteValues(vsy_HashTable* tab)
+{
+    if (!tab) return;
+    int key;
+    void* value;
+    vsy_HashTableInitIter(tab);
+    for (vsy_HashTableNextIter(tab, &key, &value); value; vsy_HashTableNextIter(tab, &key, &value)) vsy_Free(value);
+    vsy_HashTableDelete(tab);
+}
+
 int vsy_HashTableError(vsy_HashTable* tab)
 {
     if (!tab) return SYS_ERROR_NULLOBJECT;

@@ -37,6 +37,9 @@ typedef struct vsy_HashTable {
 vsy_HashTable* vsy_HashTableNew(void);
 /* Releases the slots, the sorted arrays and the record. Values are not touched. */
 void vsy_HashTableDelete(vsy_HashTable* tab);
+/* Releases every value with vsy_Free, then the table as vsy_HashTableDelete; for tables that
+ * own their values. Null is allowed. */
+void vsy_HashTableDeleteValues(vsy_HashTable* tab);
 /* Returns the last error and clears it. */
 int vsy_HashTableError(vsy_HashTable* tab);
 /* Empties the table and gives it 2 * max(nument, 5) + 1 slots. On a failed allocation reports

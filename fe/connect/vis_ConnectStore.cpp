@@ -138,20 +138,6 @@ vis_Connect* vis_ConnectNew(void)
     return c;
 }
 
-static void vis_Connect_FreeNames(vsy_HashTable* tab)
-{
-    if (!tab) return;
-    int key;
-    void* value;
-    vsy_HashTableInitIter(tab);
-    for (;;) {
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) break;
-        vsy_Free(value);
-    }
-    vsy_HashTableDelete(tab);
-}
-
 void vis_ConnectDelete(vis_Connect* c)
 {
     if (!c) return;
@@ -163,8 +149,8 @@ void vis_ConnectDelete(vis_Connect* c)
         vis_CHashDelete(c->edgeassoc[t]);
         vis_CHashDelete(c->faceassoc[t]);
     }
-    vis_Connect_FreeNames(c->partnames);
-    vis_Connect_FreeNames(c->partijk);
+    vsy_HashTableDeleteValues(c->partnames);
+    vsy_HashTableDeleteValues(c->partijk);
     vsy_Free(c->elnoix);
     vsy_Free(c->elnoix2);
     vsy_Free(c->scratch);

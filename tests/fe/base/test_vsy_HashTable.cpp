@@ -623,3 +623,27 @@ TEST_F(HashTableTest, HoldsAMillionEntries)
     EXPECT_EQ(count(), n / 2);
     ExpectNoReport();
 }
+
+namespace {
+
+int g_frees = 0;
+
+void CountingFree(void* p)
+{
+    if (p) ++g_frees;
+    std::free(p);
+}
+
+TEST_F(HashTableTest, DeleteValuesFreesEveryValueAndTheTable)
+{
+    vsy_HashTable* tab = vsy_HashTableNew();
+    for (int key = 0; key < 3; ++key) vsy_HashTableInsert(tab, key, vsy_Malloc(8));  // key 0 as well
+    g_frees = 0;
+    vsy_SetMemoryFunctions(nullptr, nullptr, CountingFree);
+    vsy_HashTableDeleteValues(tab);
+    vsy_SetMemoryFunctions(nullptr, nullptr, nullptr);
+    EXPECT_EQ(g_frees, 5);  // three values, the slots and the record
+    vsy_HashTableDeleteValues(nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+/* vis_CPair: a contact pair: eight numbered parameters held like a property (0 "Property Id",
+ * 1 "Adjust distance", 2 "Small sliding option", 3 "Tied option", 4 "Smooth factor", 5 "HCrit
+ * factor", 6 "Extension zone factor", 7 "Symmetric contact option"; see vis_PropCore.h), the
+ * slave kind (0 element faces, 1 nodes, otherwise element faces with a master), a link flag,
+ * and per side (0 slave, 1 master) a list of entities: element and face, or node and weight.
+ *
+ * Entities keep the order in which they were added and count from 1. Errors: a side other than
+ * 0 and 1 code 2 "type= %d"; an entity number outside the list code 1 "index= %d"; an element,
+ * face or node below 1 code 1 "index= %d"; a failed allocation code 4 "Realloc vec". The stream
+ * forms (Write, Read), the edge group, the companion object and the search of a slave node's
+ * master are not built: no reader of this system uses them.
+ */
+#ifndef VIS_CPAIR_H
+#define VIS_CPAIR_H
+
+#include "vis_PropCore.h"
+
+struct vis_Group;
+
+#define VIS_CPAIR_NUM 8
+#define VIS_CPAIR_SLAVE 0
+#define VIS_CPAIR_MASTER 1
+
+typedef struct vis_CPairEnt {
+    int index;     /* element, or node for a node slave */
+    int no;        /* face number, 0 for a node */
+    double weight; /* weight of a node, 1 for a face */
+} vis_CPairEnt;
+
+typedef struct vis_CPair {
+    int ierr;                         /* last error */
+    int type;                         /* unused by the store */
+    unsigned char byte[VIS_CPAIR_NUM];/* per parameter: 0 unset, else slot + 1 */
+    vis_PropSlot* slots;              /* owned */
+    int nslots;
+    struct vis_UProp* uprop;          /* never used: a pair has no user values */
+    int slavekind;                    /* 0 element faces, 1 nodes, other faces with master */
+    int link;                         /* link flag */
+    int num[2];                       /* entities per side */
+    int cap[2];
+    vis_CPairEnt* ent[2];             /* per side, owned */
+} vis_CPair;
+
+/* Creates an empty pair; null with "CPair" code 4 "Creation Failure". */
+vis_CPair* vis_CPairNew(void);
+void vis_CPairDelete(vis_CPair* cp);
+int vis_CPairError(vis_CPair* cp);
+/* Clears parameters, kinds and entities. */
+void vis_CPairDef(vis_CPair* cp);
+VIS_PROP_DECLARE_VALUES(vis_CPair)
+
+void vis_CPairSetType(vis_CPair* cp, int slavekind, int link);
+void vis_CPairGetType(vis_CPair* cp, int* slavekind, int* link);
+/* Adds a slave node with a weight, a slave element face, a master element face. */
+void vis_CPairSetSlaveNodedv(vis_CPair* cp, int node, double weight);
+void vis_CPairSetSlaveElem(vis_CPair* cp, int elem, int face);
+void vis_CPairSetMaster(vis_CPair* cp, int elem, int face);
+/* Entities of a side, and entity i (from 1) of it. */
+void vis_CPairMasterSlaveElemNum(vis_CPair* cp, int side, int* num);
+void vis_CPairMasterSlaveElem(vis_CPair* cp, int side, int i, int* index, int* no, double* weight);
+
+/* Clears the group and marks the slave nodes (a group of parent 1), or the element faces of a
+ * side (parent 4, child 3), up to its count. A group of another kind: code 2 "parenttype= %d" or
+ * "childtype= %d". */
+void vis_CPairNodeGroup(vis_CPair* cp, struct vis_Group* group);
+void vis_CPairFaceGroup(vis_CPair* cp, int side, struct vis_Group* group);
+
+#endif

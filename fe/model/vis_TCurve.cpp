@@ -1,0 +1,205 @@
+/* vis_TCurve: points of a tabulated curve; see vis_TCurve.h. */
+#include "vis_TCurve.h"
+
+#include "vis_ModelSupport.h"
+#include "vsy_Error.h"
+
+vis_TCurve* vis_TCurveNew(void)
+{
+    vis_TCurve* tc = (vis_TCurve*)vis_Model_NewRecord(sizeof(vis_TCurve), "TCurve");
+    if (tc) {
+        tc->factor = 1.0;
+        tc->nval = 1;
+    }
+    return tc;
+}
+
+void vis_TCurveDelete(vis_TCurve* tc)
+{
+    if (!tc) return;
+    vsy_Free(tc->indep);
+    vsy_Free(tc->dep);
+    vsy_Free(tc);
+}
+
+int vis_TCurveError(vis_TCurve* tc)
+{
+    return vis_Model_TakeError(tc ? &tc->ierr : nullptr);
+}
+
+static int vis_TCurve_Define(vis_TCurve* tc, const char* name, int npts, int nval)
+{
+    if (vis_Model_IsNull(tc, name)) return 0;
+    if (npts < 0) {
+        vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_VALUE, "npts= %d", npts);
+        return 0;
+    }
+    if (nval < 1) {
+        vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_VALUE, "nval= %d", nval);
+        return 0;
+    }
+    double* indep = (double*)vis_Model_Calloc((size_t)npts + 1, sizeof(double));
+    double* dep = (double*)vis_Model_Calloc(((size_t)npts + 1) * (size_t)nval, sizeof(double));
+    if (!indep || !dep) {
+        vsy_Free(indep);
+        vsy_Free(dep);
+        vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_MEMORY, "npts= %d", npts);
+        return 0;
+    }
+    vsy_Free(tc->indep);
+    vsy_Free(tc->dep);
+    tc->indep = indep;
+    tc->dep = dep;
+    tc->npts = npts;
+    tc->nval = nval;
+    return 1;
+}
+
+void vis_TCurveDef(vis_TCurve* tc, int npts, int nval)
+{
+    vis_TCurve_Define(tc, "vis_TCurveDef", npts, nval);
+}
+
+void vis_TCurveSetFactord(vis_TCurve* tc, double factor)
+{
+    if (!vis_Model_IsNull(tc, "vis_TCurveSetFactord")) tc->factor = factor;
+}
+
+void vis_TCurveSetFactor(vis_TCurve* tc, float factor)
+{
+    if (!vis_Model_IsNull(tc, "vis_TCurveSetFactor")) tc->factor = factor;
+}
+
+void vis_TCurveGetFactord(vis_TCurve* tc, double* factor)
+{
+    if (!vis_Model_IsNull(tc, "vis_TCurveGetFactord")) *factor = tc->factor;
+}
+
+void vis_TCurveGetFactor(vis_TCurve* tc, float* factor)
+{
+    if (!vis_Model_IsNull(tc, "vis_TCurveGetFactor")) *factor = (float)tc->factor;
+}
+
+static int vis_TCurve_Option(vis_TCurve* tc, const char* name, int type)
+{
+    if (vis_Model_IsNull(tc, name)) return 0;
+    if (type == VIS_TCURVE_TYPE) return 1;
+    vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_ENUM, "type= %d", type);
+    return 0;
+}
+
+void vis_TCurveSetParami(vis_TCurve* tc, int type, int value)
+{
+    if (vis_TCurve_Option(tc, "vis_TCurveSetParami", type)) tc->type = value;
+}
+
+void vis_TCurveGetParami(vis_TCurve* tc, int type, int* value)
+{
+    if (vis_TCurve_Option(tc, "vis_TCurveGetParami", type)) *value = tc->type;
+}
+
+void vis_TCurveSetPWLineardv(vis_TCurve* tc, int npts, const double* x, const double* y)
+{
+    if (!vis_TCurve_Define(tc, "vis_TCurveSetPWLineardv", npts, 1)) return;
+    for (int i = 1; i <= npts; ++i) {
+        tc->indep[i] = x[i - 1];
+        tc->dep[i] = y[i - 1];
+    }
+}
+
+void vis_TCurveSetPWLinear(vis_TCurve* tc, int npts, const float* x, const float* y)
+{
+    if (!vis_TCurve_Define(tc, "vis_TCurveSetPWLinear", npts, 1)) return;
+    for (int i = 1; i <= npts; ++i) {
+        tc->indep[i] = x[i - 1];
+        tc->dep[i] = y[i - 1];
+    }
+}
+
+/* Checks a list of points; 1 when every one lies in 1 to npts. */
+static int vis_TCurve_Points(vis_TCurve* tc, const char* name, int n, const int* pts)
+{
+    if (vis_Model_IsNull(tc, name)) return 0;
+    if (n < 0) {
+        vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_VALUE, "num= %d", n);
+        return 0;
+    }
+    for (int i = 0; i < n; ++i)
+        if (pts[i] < 1 || pts[i] > tc->npts) {
+            vsy_ErrorRecord(&tc->ierr, name, SYS_ERROR_VALUE, "pts[%d]= %d", i, pts[i]);
+            return 0;
+        }
+    return 1;
+}
+
+/* Copies between the curve and a caller's doubles or floats (one of d, f), width values per
+ * point of the array `store`. */
+static void vis_TCurve_Copy(int n, const int* pts, double* store, int width, double* d, float* f, int toCurve)
+{
+    for (int i = 0; i < n; ++i)
+        for (int k = 0; k < width; ++k) {
+            double* s = &store[pts[i] * width + k];
+            int j = i * width + k;
+            if (toCurve) *s = d ? d[j] : f[j];
+            else if (d) d[j] = *s;
+            else f[j] = (float)*s;
+        }
+}
+
+void vis_TCurveIndepdv(vis_TCurve* tc, int n, const int* pts, double* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveIndepdv", n, pts)) vis_TCurve_Copy(n, pts, tc->indep, 1, values, nullptr, 0);
+}
+
+void vis_TCurveIndep(vis_TCurve* tc, int n, const int* pts, float* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveIndep", n, pts)) vis_TCurve_Copy(n, pts, tc->indep, 1, nullptr, values, 0);
+}
+
+void vis_TCurveSetIndepdv(vis_TCurve* tc, int n, const int* pts, const double* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveSetIndepdv", n, pts))
+        vis_TCurve_Copy(n, pts, tc->indep, 1, (double*)values, nullptr, 1);
+}
+
+void vis_TCurveDepdv(vis_TCurve* tc, int n, const int* pts, double* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveDepdv", n, pts))
+        vis_TCurve_Copy(n, pts, tc->dep, tc->nval, values, nullptr, 0);
+}
+
+void vis_TCurveDep(vis_TCurve* tc, int n, const int* pts, float* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveDep", n, pts)) vis_TCurve_Copy(n, pts, tc->dep, tc->nval, nullptr, values, 0);
+}
+
+void vis_TCurveSetDepdv(vis_TCurve* tc, int n, const int* pts, const double* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveSetDepdv", n, pts))
+        vis_TCurve_Copy(n, pts, tc->dep, tc->nval, (double*)values, nullptr, 1);
+}
+
+void vis_TCurveSetDep(vis_TCurve* tc, int n, const int* pts, const float* values)
+{
+    if (vis_TCurve_Points(tc, "vis_TCurveSetDep", n, pts))
+        vis_TCurve_Copy(n, pts, tc->dep, tc->nval, nullptr, (float*)values, 1);
+}
+
+void vis_TCurveEvaldv(vis_TCurve* tc, double x, double* values)
+{
+    if (vis_Model_IsNull(tc, "vis_TCurveEvaldv")) return;
+    int nv = tc->nval, n = tc->npts;
+    if (n == 0) {
+        for (int k = 0; k < nv; ++k) values[k] = 0.0;
+        return;
+    }
+    /* Segment from point i to i + 1 holding x; the ends hold outside. */
+    int i = 1;
+    while (i < n && tc->indep[i + 1] <= x) ++i;
+    double w = 0.0;
+    if (i < n && x > tc->indep[i]) w = (x - tc->indep[i]) / (tc->indep[i + 1] - tc->indep[i]);
+    for (int k = 0; k < nv; ++k) {
+        double a = tc->dep[i * nv + k], b = i < n ? tc->dep[(i + 1) * nv + k] : a;
+        values[k] = tc->factor * (a + w * (b - a));
+    }
+}
