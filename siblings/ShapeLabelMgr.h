@@ -3,6 +3,9 @@
 //
 // The list is kept between calls and read again when ShapeDocMgr's revision says the document
 // may have changed, so that a snap query on each mouse move does not read the whole document.
+// Unlike a plain read on every call, this misses a change made outside a transaction through a
+// handle kept from before, until ReadAgain() or ShapeDocMgr::MarkChanged() (every viewer rebuild
+// reads again).
 #ifndef SHAPELABELMGR_H
 #define SHAPELABELMGR_H
 

@@ -297,7 +297,8 @@ private:
     // The event's position in VTK display coordinates (device pixels, from the bottom, the
     // bottom row being 1): what EventToWorld and the status text use.
     QPoint DisplayPosition(QMouseEvent* event) const;
-    // ResetCameraClippingRange, update, m_signal_ViewerUpdated.
+    // ResetCameraClippingRange (from the props' bounds as the renderer computes them, with the
+    // shape actors' bounds kept between redraws: PropBoundsCache), update, m_signal_ViewerUpdated.
     void FinishRedraw();
     // Whether the last press and release make a rubber band: both coordinates moved, in
     // MOUSE_OP_SELECT. Otherwise a release is a point pick.
