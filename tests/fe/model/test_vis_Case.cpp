@@ -501,6 +501,113 @@ TEST_F(TCurveTest, DefinitionErrorsAndParameters)
     vis_TCurveDelete(tc);
 }
 
+TEST_F(TCurveTest, ComponentCurveHoldsSeveralValuesPerPoint)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    const double x[2] = {0.0, 2.0}, y[4] = {1.0, 10.0, 3.0, 30.0};  // point 1: (1, 10), point 2: (3, 30)
+    vis_TCurveSetCompPWLineardv(tc, 2, 2, x, y);
+    const int two[1] = {2};
+    double dep[2], v[2];
+    vis_TCurveDepdv(tc, 1, two, dep);
+    EXPECT_EQ(dep[0], 3.0);
+    EXPECT_EQ(dep[1], 30.0);
+    vis_TCurveEvaldv(tc, 1.0, v);
+    EXPECT_DOUBLE_EQ(v[0], 2.0);   // halfway from 1 to 3
+    EXPECT_DOUBLE_EQ(v[1], 20.0);  // halfway from 10 to 30
+    const float xf[1] = {4.0f}, yf[3] = {5.0f, 6.0f, 7.0f};
+    vis_TCurveSetCompPWLinear(tc, 1, 3, xf, yf);
+    double w[3];
+    vis_TCurveEvaldv(tc, 0.0, w);  // one point: held everywhere
+    EXPECT_EQ(w[0], 5.0);
+    EXPECT_EQ(w[2], 7.0);
+    vis_TCurveSetCompPWLineardv(tc, 2, 0, x, y);
+    ExpectOnlyReport("vis_TCurveSetCompPWLineardv", SYS_ERROR_VALUE, "nval= 0");
+    vis_TCurveEvaldv(tc, 0.0, w);  // the refused call kept the 3-valued point
+    EXPECT_EQ(w[1], 6.0);
+    vis_TCurveDelete(tc);
+}
+
+TEST_F(TCurveTest, MergeJoinsComponentsOverTheUnionOfPoints)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew(), *m = vis_TCurveNew();
+    const double xa[2] = {0, 2}, ya[2] = {0, 4}, xb[3] = {1, 2, 3}, yb[3] = {10, 20, 30};
+    vis_TCurveSetPWLineardv(a, 2, xa, ya);
+    vis_TCurveSetFactord(a, 2.0);
+    vis_TCurveSetPWLineardv(b, 3, xb, yb);
+    vis_TCurveMerge(m, a, b);
+    ExpectNoReport();
+    // Union of {0, 2} and {1, 2, 3}: 0, 1, 2, 3 (2 shared). Component 1 is a times 2: 0 at 0,
+    // halfway 0..4 = 2 -> 4 at 1, 8 at 2, held 8 at 3. Component 2 is b: held 10 at 0, 10, 20, 30.
+    const int pts[4] = {1, 2, 3, 4};
+    double ind[4], dep[8], f = 0;
+    vis_TCurveIndepdv(m, 4, pts, ind);
+    vis_TCurveDepdv(m, 4, pts, dep);
+    vis_TCurveGetFactord(m, &f);
+    const double wantInd[4] = {0, 1, 2, 3}, wantDep[8] = {0, 10, 4, 10, 8, 20, 8, 30};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(ind[i], wantInd[i]) << i;
+    for (int i = 0; i < 8; ++i) EXPECT_DOUBLE_EQ(dep[i], wantDep[i]) << i;
+    EXPECT_EQ(f, 1.0);  // the factors are already in the values
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+    vis_TCurveDelete(m);
+}
+
+TEST_F(TCurveTest, MergeKeepsAStepAndWorksInPlace)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double xa[4] = {0, 1, 1, 2}, ya[4] = {0, 0, 5, 5}, xb[1] = {1}, yb[1] = {7};
+    vis_TCurveSetPWLineardv(a, 4, xa, ya);  // a step from 0 to 5 at 1
+    vis_TCurveSetPWLineardv(b, 1, xb, yb);
+    vis_TCurveMerge(a, a, b);
+    // a's two points at 1 stay apart; b's point at 1 joins the first of them, its held 7 the rest.
+    const int pts[4] = {1, 2, 3, 4};
+    double ind[4], dep[8];
+    vis_TCurveIndepdv(a, 4, pts, ind);
+    vis_TCurveDepdv(a, 4, pts, dep);
+    const double wantInd[4] = {0, 1, 1, 2}, wantDep[8] = {0, 7, 0, 7, 5, 7, 5, 7};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(ind[i], wantInd[i]) << i;
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(dep[i], wantDep[i]) << i;
+    vis_TCurveMerge(a, nullptr, b);
+    ExpectOnlyReport("vis_TCurveMerge", SYS_ERROR_NULLOBJECT, "");
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, FailedMergeKeepsTheCurve)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double x[2] = {0, 1}, y[2] = {3, 4};
+    vis_TCurveSetPWLineardv(a, 2, x, y);
+    FailAllocation(1);
+    vis_TCurveMerge(a, a, b);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_TCurveMerge", SYS_ERROR_MEMORY, "npts= 2");  // merged: a's 2 points
+    EXPECT_EQ(vis_TCurveError(a), SYS_ERROR_MEMORY);
+    double v = 0;
+    vis_TCurveEvaldv(a, 0.5, &v);
+    EXPECT_DOUBLE_EQ(v, 3.5);  // a still its own one-valued curve
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, FactorAsDoubleParameter)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    vis_TCurveSetParamd(tc, VIS_TCURVE_FACTOR, 2.5);
+    double f = 0, g = 0;
+    vis_TCurveGetFactord(tc, &f);
+    vis_TCurveGetParamd(tc, VIS_TCURVE_FACTOR, &g);
+    EXPECT_EQ(f, 2.5);
+    EXPECT_EQ(g, 2.5);
+    vis_TCurveSetParamd(tc, VIS_TCURVE_TYPE, 4.0);  // the type is an integer option
+    ExpectOnlyReport("vis_TCurveSetParamd", SYS_ERROR_ENUM, "type= 1");
+    EXPECT_EQ(vis_TCurveError(tc), SYS_ERROR_ENUM);
+    int type = -1;
+    vis_TCurveGetParami(tc, VIS_TCURVE_TYPE, &type);
+    EXPECT_EQ(type, 0);  // unchanged from New
+    vis_TCurveDelete(tc);
+}
+
 class CPairTest : public ContainerTest {};
 
 TEST_F(CPairTest, ParametersKindsAndSides)
