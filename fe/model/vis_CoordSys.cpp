@@ -172,23 +172,14 @@ void vis_CoordSysSetSurface(vis_CoordSys* cs, const float origin[3], const float
     vis_CoordSysSetSurfacedv(cs, o, n, d);
 }
 
-/* 1 when objecttype names the reference slot; otherwise code 3 under name. */
-static int vis_CoordSys_ObjectType(vis_CoordSys* cs, const char* name, int objecttype)
-{
-    if (vis_Model_IsNull(cs, name)) return 0;
-    if (objecttype == SYS_COORDSYS) return 1;
-    vsy_ErrorRecord(&cs->ierr, name, SYS_ERROR_OBJECTTYPE, "objecttype= %d", objecttype);
-    return 0;
-}
-
 void vis_CoordSysSetObject(vis_CoordSys* cs, int objecttype, void* object)
 {
-    if (vis_CoordSys_ObjectType(cs, "vis_CoordSysSetObject", objecttype)) cs->ref = (vis_CoordSys*)object;
+    if (vis_Model_ObjectType(cs, "vis_CoordSysSetObject", objecttype, SYS_COORDSYS)) cs->ref = (vis_CoordSys*)object;
 }
 
 void vis_CoordSysGetObject(vis_CoordSys* cs, int objecttype, void** object)
 {
-    if (vis_CoordSys_ObjectType(cs, "vis_CoordSysGetObject", objecttype)) *object = cs->ref;
+    if (vis_Model_ObjectType(cs, "vis_CoordSysGetObject", objecttype, SYS_COORDSYS)) *object = cs->ref;
 }
 
 /* Cartesian components in a system of the coordinates c of its type (angles in degrees). */

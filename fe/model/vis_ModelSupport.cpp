@@ -32,6 +32,14 @@ int vis_Model_IsNull(const void* obj, const char* name)
     return 1;
 }
 
+int vis_Model_ObjectType(void* obj, const char* name, int objecttype, int want)
+{
+    if (vis_Model_IsNull(obj, name)) return 0;
+    if (objecttype == want) return 1;
+    vsy_ErrorRecord((int*)obj, name, SYS_ERROR_OBJECTTYPE, "objecttype= %d", objecttype);
+    return 0;
+}
+
 int vis_Model_TakeError(int* ierr)
 {
     if (!ierr) return SYS_ERROR_NULLOBJECT;

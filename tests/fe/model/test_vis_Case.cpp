@@ -7,6 +7,7 @@
 #include "vis_ICase.h"
 #include "vis_LCase.h"
 #include "vis_MCase.h"
+#include "vis_Model.h"
 #include "vis_RCase.h"
 #include "vis_TCurve.h"
 #include "vsy_TestSupport.h"
@@ -247,6 +248,63 @@ TEST_F(LCaseTest, GroupsOfLoadedEntities)
     vis_GroupDelete(nodes);
     vis_GroupDelete(faces);
     vis_GroupDelete(elems);
+}
+
+TEST_F(LCaseTest, TimeCurveAndFactorDescribeTheCaseWithoutScalingIt)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    void* got = nullptr;
+    double f = 0;
+    vis_LCaseGetObject(lc, SYS_TCURVE, &got);
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(got, nullptr);
+    EXPECT_EQ(f, 1.0);  // factor 1 after New
+    vis_LCaseSetObject(lc, SYS_TCURVE, tc);
+    vis_LCaseSetParamd(lc, VIS_LCASE_FACTOR, 1.5);
+    const double force[3] = {2, 0, 0};
+    vis_LCaseSetConcdv(lc, 3, 1, force);
+    double v[3];
+    vis_LCaseConcdv(lc, 3, 1, v);
+    EXPECT_EQ(v[0], 2.0);  // read as set, not times 1.5
+    vis_LCaseClear(lc);    // removes the loads only
+    vis_LCaseGetObject(lc, SYS_TCURVE, &got);
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(got, tc);
+    EXPECT_EQ(f, 1.5);
+    int max = -1;
+    vis_LCaseConcMax(lc, 1, &max);
+    EXPECT_EQ(max, 0);
+    ExpectNoReport();
+    vis_LCaseDelete(lc);  // the curve stays the caller's: deleted after the case
+    lc = nullptr;
+    vis_TCurveDelete(tc);
+}
+
+TEST_F(LCaseTest, CompanionAndParameterCodeErrors)
+{
+    void* got = lc;
+    double f = 9;
+    vis_LCaseSetObject(lc, SYS_LCASE, lc);
+    ExpectOnlyReport("vis_LCaseSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= 2320");
+    EXPECT_EQ(vis_LCaseError(lc), SYS_ERROR_OBJECTTYPE);
+    Reports().clear();
+    vis_LCaseGetObject(lc, 2080, &got);
+    ExpectOnlyReport("vis_LCaseGetObject", SYS_ERROR_OBJECTTYPE, "objecttype= 2080");
+    EXPECT_EQ(got, lc);  // unwritten
+    Reports().clear();
+    vis_LCaseSetParamd(lc, 2, 3.0);
+    vis_LCaseGetParamd(lc, 0, &f);
+    ASSERT_EQ(Reports().size(), 2u);
+    EXPECT_EQ(Reports()[0].name, "vis_LCaseSetParamd");
+    EXPECT_EQ(Reports()[0].code, SYS_ERROR_ENUM);
+    EXPECT_EQ(Reports()[0].text, "type= 2");
+    EXPECT_EQ(Reports()[1].text, "type= 0");
+    EXPECT_EQ(f, 9.0);  // unwritten
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(f, 1.0);  // the refused set changed nothing
+    void* none = nullptr;
+    vis_LCaseGetObject(lc, SYS_TCURVE, &none);
+    EXPECT_EQ(none, nullptr);
 }
 
 class RCaseTest : public ContainerTest {};
