@@ -2,6 +2,7 @@
 // all sparse by node or element.
 #include "vis_ASurf.h"
 #include "vis_CPair.h"
+#include "vis_Connect.h"
 #include "vis_ElemTopology.h"
 #include "vis_Group.h"
 #include "vis_ICase.h"
@@ -794,6 +795,121 @@ TEST_F(ASurfTest, FloatFormsConvert)
     EXPECT_EQ(cf[2], 2.5f);
     EXPECT_EQ(rf, 3.0f);
     vis_ASurfDelete(as);
+}
+
+TEST_F(CPairTest, EdgeGroupReadsEntityNumbersAsEdges)
+{
+    vis_CPair* cp = vis_CPairNew();
+    vis_CPairSetSlaveElem(cp, 2, 3);
+    vis_CPairSetSlaveElem(cp, 1, 1);
+    vis_CPairSetMaster(cp, 3, 2);
+    vis_Group* edges = vis_GroupNew();
+    vis_GroupDef(edges, 3, SYS_ELEM, SYS_EDGE);
+    vis_CPairEdgeGroup(cp, VIS_CPAIR_SLAVE, edges);
+    int flags = 0;
+    vis_GroupGetIndex(edges, 2, &flags);
+    EXPECT_EQ(flags, 1 << 2);  // element 2, edge 3: bit 2
+    vis_GroupGetIndex(edges, 1, &flags);
+    EXPECT_EQ(flags, 1);       // element 1, edge 1: bit 0
+    vis_GroupGetIndex(edges, 3, &flags);
+    EXPECT_EQ(flags, 0);       // the master's element is not on the slave side
+    ExpectNoReport();
+    vis_Group* faces = vis_GroupNew();
+    vis_GroupDef(faces, 3, SYS_ELEM, SYS_FACE);
+    vis_CPairEdgeGroup(cp, VIS_CPAIR_MASTER, faces);
+    ExpectOnlyReport("vis_CPairEdgeGroup", SYS_ERROR_ENUM, "childtype= 3");
+    Reports().clear();
+    vis_CPairEdgeGroup(cp, 2, edges);
+    ExpectOnlyReport("vis_CPairEdgeGroup", SYS_ERROR_ENUM, "type= 2");
+    vis_GroupDelete(edges);
+    vis_GroupDelete(faces);
+    vis_CPairDelete(cp);
+}
+
+// Two unit quadrilaterals side by side in z = 0 (elements 1 and 2 over x 0..1 and 1..2) and
+// three free nodes 7, 8, 9 to search from.
+class CPairMeshTest : public ContainerTest {
+protected:
+    void SetUp() override
+    {
+        ContainerTest::SetUp();
+        connect = vis_ConnectNew();
+        vis_ConnectDef(connect, 9, 2);
+        const double x[9][3] = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {1, 1, 0},
+                                {2, 1, 0}, {1.7, 0.5, 0.3}, {-0.5, 0.5, 0}, {1, 0.5, 2}};
+        for (int i = 0; i < 9; ++i) vis_ConnectSetCoordsdv(connect, i + 1, x[i]);
+        const int q1[4] = {1, 2, 5, 4}, q2[4] = {2, 3, 6, 5};
+        vis_ConnectSetTopology(connect, 1, SYS_SHAPE_QUAD, 0, 0, 0);
+        vis_ConnectSetElemNode(connect, 1, q1);
+        vis_ConnectSetTopology(connect, 2, SYS_SHAPE_QUAD, 0, 0, 0);
+        vis_ConnectSetElemNode(connect, 2, q2);
+        cp = vis_CPairNew();
+        vis_CPairSetMaster(cp, 1, 1);
+        vis_CPairSetMaster(cp, 2, 1);
+    }
+    void TearDown() override
+    {
+        vis_CPairDelete(cp);
+        vis_ConnectDelete(connect);
+        ContainerTest::TearDown();
+    }
+    vis_Connect* connect = nullptr;
+    vis_CPair* cp = nullptr;
+};
+
+TEST_F(CPairMeshTest, SlaveNodeFindsItsNearestMasterFace)
+{
+    vis_CPairSetObject(cp, SYS_CONNECT, connect);
+    void* got = nullptr;
+    vis_CPairGetObject(cp, SYS_CONNECT, &got);
+    EXPECT_EQ(got, connect);
+    int m = -1;
+    // Node 7 (1.7, 0.5, 0.3) lies over element 2: 0.3 away; element 1's nearest point is
+    // (1, 0.5, 0), sqrt(0.49 + 0.09) away. Entity 2 is element 2.
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    EXPECT_EQ(m, 2);
+    // Node 8 (-0.5, 0.5, 0): 0.5 from element 1's edge x = 0, 1.5 from element 2.
+    vis_CPairSlaveNodeMaster(cp, 8, &m);
+    EXPECT_EQ(m, 1);
+    // Node 9 (1, 0.5, 2) stands over the shared edge, 2 from both: the first entity wins.
+    vis_CPairSlaveNodeMaster(cp, 9, &m);
+    EXPECT_EQ(m, 1);
+    ExpectNoReport();
+    vis_CPairDef(cp);  // the mesh stays, the master side empties
+    m = -1;
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    EXPECT_EQ(m, 0);
+    ExpectNoReport();
+}
+
+TEST_F(CPairMeshTest, SearchErrorsLeaveTheResultUnwritten)
+{
+    int m = -1;
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    ExpectOnlyReport("vis_CPairSlaveNodeMaster", SYS_ERROR_OPERATION, "Connect object not set");
+    EXPECT_EQ(vis_CPairError(cp), SYS_ERROR_OPERATION);
+    Reports().clear();
+    vis_CPairSetObject(cp, SYS_CONNECT, connect);
+    vis_CPairSlaveNodeMaster(cp, 0, &m);
+    vis_CPairSlaveNodeMaster(cp, 10, &m);  // 9 nodes
+    vis_CPairSetMaster(cp, 1, 2);          // a quadrilateral has one face
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    vis_CPairSetObject(cp, SYS_LCASE, connect);
+    ASSERT_EQ(Reports().size(), 4u);
+    EXPECT_EQ(Reports()[0].text, "index= 0");
+    EXPECT_EQ(Reports()[1].text, "index= 10");
+    EXPECT_EQ(Reports()[2].text, "index= 1");  // the element of the bad entity
+    EXPECT_EQ(Reports()[2].code, SYS_ERROR_VALUE);
+    EXPECT_EQ(Reports()[3].name, "vis_CPairSetObject");
+    EXPECT_EQ(Reports()[3].code, SYS_ERROR_OBJECTTYPE);
+    EXPECT_EQ(Reports()[3].text, "objecttype= 2320");
+    EXPECT_EQ(m, -1);
+    Reports().clear();
+    vis_CPairDef(cp);
+    vis_CPairSetMaster(cp, 3, 1);  // 2 elements
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    ExpectOnlyReport("vis_CPairSlaveNodeMaster", SYS_ERROR_VALUE, "index= 3");
+    EXPECT_EQ(m, -1);
 }
 
 }  // namespace
