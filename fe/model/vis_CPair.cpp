@@ -172,21 +172,9 @@ void vis_CPairGetObject(vis_CPair* cp, int objecttype, void** object)
 
 /* ---- nearest master face ---- */
 
-static double vis_CPair_Dot(const double* a, const double* b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
 static void vis_CPair_Sub(const double* a, const double* b, double* d)
 {
     for (int i = 0; i < 3; ++i) d[i] = a[i] - b[i];
-}
-
-static void vis_CPair_Cross(const double* a, const double* b, double* c)
-{
-    c[0] = a[1] * b[2] - a[2] * b[1];
-    c[1] = a[2] * b[0] - a[0] * b[2];
-    c[2] = a[0] * b[1] - a[1] * b[0];
 }
 
 /* Squared distance from p to the segment a-b. */
@@ -195,10 +183,10 @@ static double vis_CPair_SegDist2(const double* p, const double* a, const double*
     double ab[3], ap[3], d[3];
     vis_CPair_Sub(b, a, ab);
     vis_CPair_Sub(p, a, ap);
-    double len2 = vis_CPair_Dot(ab, ab), t = len2 > 0.0 ? vis_CPair_Dot(ap, ab) / len2 : 0.0;
+    double len2 = vis_Model_Dot(ab, ab), t = len2 > 0.0 ? vis_Model_Dot(ap, ab) / len2 : 0.0;
     t = t < 0.0 ? 0.0 : (t > 1.0 ? 1.0 : t);
     for (int i = 0; i < 3; ++i) d[i] = ap[i] - t * ab[i];
-    return vis_CPair_Dot(d, d);
+    return vis_Model_Dot(d, d);
 }
 
 /* Squared distance from p to the triangle a b c: to its plane when p projects inside it (on
@@ -209,18 +197,18 @@ static double vis_CPair_TriDist2(const double* p, const double* a, const double*
     double ab[3], ac[3], n[3], e[3], q[3], s[3];
     vis_CPair_Sub(b, a, ab);
     vis_CPair_Sub(c, a, ac);
-    vis_CPair_Cross(ab, ac, n);
-    double nn = vis_CPair_Dot(n, n);
+    vis_Model_Cross(ab, ac, n);
+    double nn = vis_Model_Dot(n, n);
     int inside = nn > 0.0;
     for (int k = 0; k < 3 && inside; ++k) {
         vis_CPair_Sub(v[k + 1], v[k], e);
         vis_CPair_Sub(p, v[k], q);
-        vis_CPair_Cross(e, q, s);
-        inside = vis_CPair_Dot(s, n) >= 0.0;
+        vis_Model_Cross(e, q, s);
+        inside = vis_Model_Dot(s, n) >= 0.0;
     }
     if (inside) {
         vis_CPair_Sub(p, a, q);
-        double h = vis_CPair_Dot(q, n);
+        double h = vis_Model_Dot(q, n);
         return h * h / nn;
     }
     double best = DBL_MAX;

@@ -76,13 +76,6 @@ void vis_CoordSysGetName(vis_CoordSys* cs, char* name)
     if (!vis_Model_IsNull(cs, "vis_CoordSysGetName")) std::strcpy(name, cs->name ? cs->name : "");
 }
 
-static void vis_CoordSys_Cross(const double* a, const double* b, double* c)
-{
-    c[0] = a[1] * b[2] - a[2] * b[1];
-    c[1] = a[2] * b[0] - a[0] * b[2];
-    c[2] = a[0] * b[1] - a[1] * b[0];
-}
-
 /* Scales v to unit length; 0 when it is (nearly) zero. */
 static int vis_CoordSys_Unit(double* v)
 {
@@ -101,14 +94,14 @@ void vis_CoordSysSetOriginVectorsdv(vis_CoordSys* cs, const double origin[3], co
     std::memcpy(t, xaxis, 3 * sizeof(double));
     int ok = vis_CoordSys_Unit(t);
     if (ok) {
-        vis_CoordSys_Cross(t, xyplane, t + 6);
+        vis_Model_Cross(t, xyplane, t + 6);
         ok = vis_CoordSys_Unit(t + 6);
     }
     if (!ok) {
         vsy_ErrorRecord(&cs->ierr, name, SYS_ERROR_COMPUTE, "Degenerate vectors");
         return;
     }
-    vis_CoordSys_Cross(t + 6, t, t + 3);
+    vis_Model_Cross(t + 6, t, t + 3);
     std::memcpy(cs->origin, origin, 3 * sizeof(double));
     std::memcpy(cs->triad, t, sizeof(t));
 }
@@ -141,7 +134,7 @@ static int vis_CoordSys_LeastAxis(const double* n)
 /* Unit x' in the plane of unit normal z: d without its part along z. */
 static int vis_CoordSys_Tangent(const double* z, const double* d, double* x)
 {
-    double along = d[0] * z[0] + d[1] * z[1] + d[2] * z[2];
+    double along = vis_Model_Dot(d, z);
     for (int i = 0; i < 3; ++i) x[i] = d[i] - along * z[i];
     return vis_CoordSys_Unit(x);
 }
@@ -158,7 +151,7 @@ void vis_CoordSysSetSurfacedv(vis_CoordSys* cs, const double origin[3], const do
     }
     if (!vis_CoordSys_Tangent(t + 6, xdir, t))
         vis_CoordSys_Tangent(t + 6, vis_CoordSysIdentity + 3 * vis_CoordSys_LeastAxis(t + 6), t);
-    vis_CoordSys_Cross(t + 6, t, t + 3);
+    vis_Model_Cross(t + 6, t, t + 3);
     std::memcpy(cs->origin, origin, 3 * sizeof(double));
     std::memcpy(cs->triad, t, sizeof(t));
 }
@@ -242,10 +235,8 @@ void vis_CoordSysOriginTriad(vis_CoordSys* cs, double origin[3], double triad[9]
 static void vis_CoordSys_Cylinder(const vis_CoordSys* cs, const double* d, double* t)
 {
     const double* z = cs->triad + 6;
-    double along = d[0] * z[0] + d[1] * z[1] + d[2] * z[2];
-    for (int i = 0; i < 3; ++i) t[i] = d[i] - along * z[i];
-    if (!vis_CoordSys_Unit(t)) std::memcpy(t, cs->triad, 3 * sizeof(double));
-    vis_CoordSys_Cross(z, t, t + 3);
+    if (!vis_CoordSys_Tangent(z, d, t)) std::memcpy(t, cs->triad, 3 * sizeof(double));
+    vis_Model_Cross(z, t, t + 3);
     std::memcpy(t + 6, z, 3 * sizeof(double));
 }
 
@@ -255,9 +246,9 @@ static void vis_CoordSys_Sphere(const vis_CoordSys* cs, const double* d, double*
     const double* z = cs->triad + 6;
     std::memcpy(t, d, 3 * sizeof(double));
     if (!vis_CoordSys_Unit(t)) std::memcpy(t, z, 3 * sizeof(double));
-    vis_CoordSys_Cross(z, t, t + 6);
+    vis_Model_Cross(z, t, t + 6);
     if (!vis_CoordSys_Unit(t + 6)) std::memcpy(t + 6, cs->triad + 3, 3 * sizeof(double));
-    vis_CoordSys_Cross(t + 6, t, t + 3);
+    vis_Model_Cross(t + 6, t, t + 3);
 }
 
 void vis_CoordSysTriad(vis_CoordSys* cs, const double x[3], double triad[9])

@@ -146,3 +146,15 @@ int vis_Model_TableToGroup(int* ierr, const char* name, vsy_HashTable* tab, vis_
     }
     return 1;
 }
+
+void vis_Model_Cross(const double* a, const double* b, double* c)
+{
+    c[0] = a[1] * b[2] - a[2] * b[1];
+    c[1] = a[2] * b[0] - a[0] * b[2];
+    c[2] = a[0] * b[1] - a[1] * b[0];
+}
+
+double vis_Model_Dot(const double* a, const double* b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}

@@ -50,6 +50,10 @@ void vis_Model_MaskTags(int mask, int* n, int* tags);
 int vis_Model_TableToGroup(int* ierr, const char* name, struct vsy_HashTable* tab, struct vis_Group* group, int parent,
                            int child, int (*word)(const void* record));
 
+/* Three-vectors: c = a x b (c must not be a or b), and a . b. */
+void vis_Model_Cross(const double* a, const double* b, double* c);
+double vis_Model_Dot(const double* a, const double* b);
+
 /* A copy of a string through vsy_Malloc, or null (also for a null string). */
 char* vis_Model_StrDup(const char* text);
 
