@@ -259,6 +259,7 @@ static int vis_TCurve_MergeWalk(vis_TCurve* a, vis_TCurve* b, double* indep, dou
     while (ia <= a->npts || ib <= b->npts) {
         int takeA = ib > b->npts || (ia <= a->npts && a->indep[ia] <= b->indep[ib]);
         int takeB = ia > a->npts || (ib <= b->npts && b->indep[ib] <= a->indep[ia]);
+        if (!takeA && !takeB) takeA = 1; /* an unordered value (NaN): a's point goes first */
         double x = takeA ? a->indep[ia] : b->indep[ib];
         ++n;
         if (indep) {

@@ -13,6 +13,8 @@
 #include "vis_TCurve.h"
 #include "vsy_TestSupport.h"
 
+#include <cmath>
+
 using namespace vsytest;
 
 namespace {
@@ -628,6 +630,24 @@ TEST_F(TCurveTest, MergeKeepsAStepAndWorksInPlace)
     for (int i = 0; i < 8; ++i) EXPECT_EQ(dep[i], wantDep[i]) << i;
     vis_TCurveMerge(a, nullptr, b);
     ExpectOnlyReport("vis_TCurveMerge", SYS_ERROR_NULLOBJECT, "");
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, MergeWithAnUnorderedValueEnds)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double xa[2] = {0, std::nan("")}, ya[2] = {1, 2}, xb[1] = {5}, yb[1] = {3};
+    vis_TCurveSetPWLineardv(a, 2, xa, ya);
+    vis_TCurveSetPWLineardv(b, 1, xb, yb);
+    vis_TCurveMerge(a, a, b);
+    // NaN compares false both ways: it is taken as a's point, so every point is visited once:
+    // 0, NaN, then b's 5.
+    const int pts[1] = {3};
+    double x = 0;
+    vis_TCurveIndepdv(a, 1, pts, &x);
+    EXPECT_EQ(x, 5.0);
+    ExpectNoReport();
     vis_TCurveDelete(a);
     vis_TCurveDelete(b);
 }
