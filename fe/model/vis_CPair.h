@@ -7,8 +7,10 @@
  * Entities keep the order in which they were added and count from 1. Errors: a side other than
  * 0 and 1 code 2 "type= %d"; an entity number outside the list code 1 "index= %d"; an element,
  * face or node below 1 code 1 "index= %d"; a failed allocation code 4 "Realloc vec". The stream
- * forms (Write, Read), the edge group, the companion object and the search of a slave node's
- * master are not built: no reader of this system uses them.
+ * forms (Write, Read) are not built: no reader of this system uses them.
+ *
+ * A pair of plane elements touches along element edges: its entities then hold edge numbers
+ * where others hold face numbers, and vis_CPairEdgeGroup reads them so.
  */
 #ifndef VIS_CPAIR_H
 #define VIS_CPAIR_H
@@ -16,6 +18,7 @@
 #include "vis_PropCore.h"
 
 struct vis_Group;
+struct vis_Connect;
 
 #define VIS_CPAIR_NUM 8
 #define VIS_CPAIR_SLAVE 0
@@ -39,13 +42,14 @@ typedef struct vis_CPair {
     int num[2];                       /* entities per side */
     int cap[2];
     vis_CPairEnt* ent[2];             /* per side, owned */
+    struct vis_Connect* connect;      /* mesh of the pair's entities, not owned, may be null */
 } vis_CPair;
 
 /* Creates an empty pair; null with "CPair" code 4 "Creation Failure". */
 vis_CPair* vis_CPairNew(void);
 void vis_CPairDelete(vis_CPair* cp);
 int vis_CPairError(vis_CPair* cp);
-/* Clears parameters, kinds and entities. */
+/* Clears parameters, kinds and entities; the attached mesh stays. */
 void vis_CPairDef(vis_CPair* cp);
 VIS_PROP_DECLARE_VALUES(vis_CPair)
 
@@ -64,5 +68,19 @@ void vis_CPairMasterSlaveElem(vis_CPair* cp, int side, int i, int* index, int* n
  * "childtype= %d". */
 void vis_CPairNodeGroup(vis_CPair* cp, struct vis_Group* group);
 void vis_CPairFaceGroup(vis_CPair* cp, int side, struct vis_Group* group);
+/* The same for the element edges of a side (parent 4, child 2): entity numbers read as edges. */
+void vis_CPairEdgeGroup(vis_CPair* cp, int side, struct vis_Group* group);
+
+/* Attaches (null: detaches) or reads the mesh the entities refer to; objecttype must be
+ * SYS_CONNECT, otherwise code 3 "objecttype= %d" and nothing is set or read. */
+void vis_CPairSetObject(vis_CPair* cp, int objecttype, void* object);
+void vis_CPairGetObject(vis_CPair* cp, int objecttype, void** object);
+/* The master entity (its number from 1 on the master side) nearest to a node of the attached
+ * mesh, faces taken as flat fans of triangles over their corners; the first of equals wins,
+ * and 0 comes back when the master side is empty. Errors, with *master unwritten: no mesh code
+ * 8 "Connect object not set"; a node outside the mesh code 1 "index= %d"; a master entity whose
+ * element is outside the mesh or has no face of that number with three corners or more code 1
+ * "index= %d" with the element. */
+void vis_CPairSlaveNodeMaster(vis_CPair* cp, int node, int* master);
 
 #endif

@@ -5,9 +5,13 @@
  * (r, theta, phi with theta from the local z axis; the two differ only in the deck formats
  * that name them). The system at a point (vis_CoordSysTriad) is the matrix itself for a
  * rectangular system and the local curvilinear directions otherwise; on the axis (or at the
- * origin) the undefined directions fall back on the matrix rows. Systems defined on a surface
- * or relative to another system (SetSurface, Resolve, SetObject) are not built: the writers read
- * origin and matrix only.
+ * origin) the undefined directions fall back on the matrix rows.
+ *
+ * A system may be given relative to a reference system (SetObject with SYS_COORDSYS): its
+ * origin is then in the reference's coordinates (r, theta, z or r, theta, phi with angles in
+ * degrees for a curvilinear reference) and its axes in the reference's directions at that
+ * origin, until vis_CoordSysResolve turns both into global terms and drops the reference. The
+ * writers read origin and matrix only, so a model hands them resolved systems.
  */
 #ifndef VIS_COORDSYS_H
 #define VIS_COORDSYS_H
@@ -24,6 +28,7 @@ typedef struct vis_CoordSys {
     char* name;        /* owned, null when unnamed */
     double origin[3];
     double triad[9];   /* rows: local x, y, z axes */
+    struct vis_CoordSys* ref; /* reference system until resolved, not owned; null: global */
 } vis_CoordSys;
 
 /* Creates a rectangular system at the global origin with the global axes; null with
@@ -49,6 +54,23 @@ void vis_CoordSysSetOriginVectorsdv(vis_CoordSys* cs, const double origin[3], co
                                     const double xyplane[3]);
 /* Origin and direction matrix given as they are (rows are taken to be unit axes). */
 void vis_CoordSysSetOriginTriaddv(vis_CoordSys* cs, const double origin[3], const double triad[9]);
+
+/* A system on a surface: origin at a surface point, z' along the surface normal, x' the part
+ * of xdir in the tangent plane; a zero or normal xdir falls back on the global axis least
+ * aligned with the normal (the first of equals), so a shell always gets a system. The type is
+ * kept. A zero normal: code 7 "Degenerate vectors", nothing changes. */
+void vis_CoordSysSetSurface(vis_CoordSys* cs, const float origin[3], const float normal[3], const float xdir[3]);
+void vis_CoordSysSetSurfacedv(vis_CoordSys* cs, const double origin[3], const double normal[3],
+                              const double xdir[3]);
+
+/* Attaches (null: detaches) or reads the reference system; objecttype must be SYS_COORDSYS,
+ * otherwise code 3 "objecttype= %d" and nothing is set or read. The caller keeps it. */
+void vis_CoordSysSetObject(vis_CoordSys* cs, int objecttype, void* object);
+void vis_CoordSysGetObject(vis_CoordSys* cs, int objecttype, void** object);
+/* Turns origin and matrix given relative to the reference into global terms and drops the
+ * reference; without one nothing changes. A reference that has a reference of its own must be
+ * resolved first: code 8 "Reference system not resolved", nothing changes. */
+void vis_CoordSysResolve(vis_CoordSys* cs);
 
 void vis_CoordSysGetType(vis_CoordSys* cs, int* type);
 void vis_CoordSysOriginTriad(vis_CoordSys* cs, double origin[3], double triad[9]);

@@ -2,6 +2,7 @@
 #include "vis_LCase.h"
 
 #include "vis_Group.h"
+#include "vis_Model.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 #include "vis_ElemTopology.h"
@@ -27,13 +28,17 @@ typedef struct vis_LCaseElemRec {
 
 vis_LCase* vis_LCaseNew(void)
 {
-    return (vis_LCase*)vis_Model_NewRecord(sizeof(vis_LCase), "LCase");
+    vis_LCase* lc = (vis_LCase*)vis_Model_NewRecord(sizeof(vis_LCase), "LCase");
+    if (lc) lc->factor = 1.0;
+    return lc;
 }
 
 void vis_LCaseClear(vis_LCase* lc)
 {
     if (vis_Model_IsNull(lc, "vis_LCaseClear")) return;
     int ierr = lc->ierr;
+    vis_TCurve* tcurve = lc->tcurve;
+    double factor = lc->factor;
     for (int t = 1; t <= 6; ++t) {
         vsy_HashTableDeleteValues(lc->conc[t]);
         vsy_HashTableDeleteValues(lc->dist[0][t]);
@@ -42,6 +47,8 @@ void vis_LCaseClear(vis_LCase* lc)
     for (int t = 1; t <= 3; ++t) vsy_HashTableDeleteValues(lc->elem[t]);
     std::memset(lc, 0, sizeof(*lc));
     lc->ierr = ierr;
+    lc->tcurve = tcurve;
+    lc->factor = factor;
 }
 
 void vis_LCaseDelete(vis_LCase* lc)
@@ -446,4 +453,28 @@ void vis_LCaseAccel(vis_LCase* lc, double* a, double* w, double* alpha, double* 
         if (alpha) alpha[i] = lc->angacc[i];
         if (centre) centre[i] = lc->centre[i];
     }
+}
+
+/* ---- companion curve and parameters ---- */
+
+void vis_LCaseSetObject(vis_LCase* lc, int objecttype, void* object)
+{
+    if (vis_Model_ObjectType(lc, "vis_LCaseSetObject", objecttype, SYS_TCURVE)) lc->tcurve = (vis_TCurve*)object;
+}
+
+void vis_LCaseGetObject(vis_LCase* lc, int objecttype, void** object)
+{
+    if (vis_Model_ObjectType(lc, "vis_LCaseGetObject", objecttype, SYS_TCURVE)) *object = lc->tcurve;
+}
+
+void vis_LCaseSetParamd(vis_LCase* lc, int type, double value)
+{
+    if (vis_Model_IsNull(lc, "vis_LCaseSetParamd")) return;
+    if (vis_LCase_Type(lc, "vis_LCaseSetParamd", type, VIS_LCASE_FACTOR)) lc->factor = value;
+}
+
+void vis_LCaseGetParamd(vis_LCase* lc, int type, double* value)
+{
+    if (vis_Model_IsNull(lc, "vis_LCaseGetParamd")) return;
+    if (vis_LCase_Type(lc, "vis_LCaseGetParamd", type, VIS_LCASE_FACTOR)) *value = lc->factor;
 }

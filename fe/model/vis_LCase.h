@@ -14,17 +14,22 @@
  * entry reads as zeros with no error. Errors: index below 1 code 1 "index= %d"; a type outside
  * its list code 2 "type= %d"; an entity other than 2 and 3 code 2 "enttype= %d"; a number
  * outside 1 to 6 (faces) or 1 to 12 (edges) code 1 "no= %d"; a failed allocation code 4
- * "index= %d". The largest index per type only grows. The companion object and parameter
- * calls (SetObject, GetObject, SetParamd) are not built: no reader of this system uses them.
+ * "index= %d". The largest index per type only grows.
+ *
+ * Beside the loads a case holds a time curve (SetObject with SYS_TCURVE; the caller keeps it)
+ * and a factor (SetParamd with VIS_LCASE_FACTOR, 1 after New). Both describe the case for its
+ * readers and scale nothing in the store: every read returns the loads as they were set.
  */
 #ifndef VIS_LCASE_H
 #define VIS_LCASE_H
 
 #define VIS_LCASE_FORCEMOMENT 7
 #define VIS_LCASE_MAXELEMVAL 64
+#define VIS_LCASE_FACTOR 1 /* double option: the case's load factor */
 
 struct vsy_HashTable;
 struct vis_Group;
+struct vis_TCurve;
 
 typedef struct vis_LCase {
     int ierr;                         /* last error */
@@ -36,6 +41,8 @@ typedef struct vis_LCase {
     int elemmax[4];
     int hasaccel;                     /* 1 once an acceleration was set */
     double accel[3], angvel[3], angacc[3], centre[3];
+    struct vis_TCurve* tcurve;        /* time curve of the case, not owned, null when none */
+    double factor;                    /* load factor (VIS_LCASE_FACTOR) */
 } vis_LCase;
 
 /* Creates an empty case; null with "LCase" code 4 "Creation Failure". */
@@ -43,7 +50,7 @@ vis_LCase* vis_LCaseNew(void);
 /* Releases every entry and the record. */
 void vis_LCaseDelete(vis_LCase* lc);
 int vis_LCaseError(vis_LCase* lc);
-/* Removes every load. */
+/* Removes every load; the time curve and the factor stay. */
 void vis_LCaseClear(vis_LCase* lc);
 
 /* Concentrated loads. */
@@ -100,5 +107,13 @@ void vis_LCaseSetAcceldv(vis_LCase* lc, const double* a, const double* w, const 
                          const double* centre);
 void vis_LCaseAccelFlag(vis_LCase* lc, int* flag);
 void vis_LCaseAccel(vis_LCase* lc, double* a, double* w, double* alpha, double* centre);
+
+/* Attaches (null: detaches) or reads the time curve; objecttype must be SYS_TCURVE, otherwise
+ * code 3 "objecttype= %d" and nothing is set or read. */
+void vis_LCaseSetObject(vis_LCase* lc, int objecttype, void* object);
+void vis_LCaseGetObject(vis_LCase* lc, int objecttype, void** object);
+/* Double options: only VIS_LCASE_FACTOR; any other code 2 "type= %d", nothing is set or read. */
+void vis_LCaseSetParamd(vis_LCase* lc, int type, double value);
+void vis_LCaseGetParamd(vis_LCase* lc, int type, double* value);
 
 #endif

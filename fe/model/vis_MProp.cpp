@@ -21,3 +21,10 @@ void vis_MPropReDef(vis_MProp* p, int type)
     }
     p->type = type;
 }
+
+void vis_MPropGetParams(vis_MProp* p, int* num, int* codes)
+{
+    VIS_PROP_ENTER(p, "vis_MPropGetParams");
+    vis_PropRef r = VIS_PROP_REF(p, vis_MPropTable);
+    vis_Prop_SetCodes(&r, num, codes);
+}

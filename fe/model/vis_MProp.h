@@ -25,5 +25,8 @@ VIS_PROP_DECLARE_LIFE(vis_MProp)
 VIS_PROP_DECLARE_VALUES(vis_MProp)
 /* Changes the type and keeps every parameter; a refused type is code 2 "type= %d". */
 void vis_MPropReDef(vis_MProp* p, int type);
+/* The material's parameters that are set (user values aside): *num of them and, unless codes
+ * is null, their codes in ascending order (room for VIS_MPROP_NUM is always enough). */
+void vis_MPropGetParams(vis_MProp* p, int* num, int* codes);
 
 #endif

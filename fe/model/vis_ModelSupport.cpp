@@ -32,6 +32,14 @@ int vis_Model_IsNull(const void* obj, const char* name)
     return 1;
 }
 
+int vis_Model_ObjectType(void* obj, const char* name, int objecttype, int want)
+{
+    if (vis_Model_IsNull(obj, name)) return 0;
+    if (objecttype == want) return 1;
+    vsy_ErrorRecord((int*)obj, name, SYS_ERROR_OBJECTTYPE, "objecttype= %d", objecttype);
+    return 0;
+}
+
 int vis_Model_TakeError(int* ierr)
 {
     if (!ierr) return SYS_ERROR_NULLOBJECT;
@@ -137,4 +145,16 @@ int vis_Model_TableToGroup(int* ierr, const char* name, vsy_HashTable* tab, vis_
         vis_GroupSetIndex(group, key, flags | (word ? word(value) : 1));
     }
     return 1;
+}
+
+void vis_Model_Cross(const double* a, const double* b, double* c)
+{
+    c[0] = a[1] * b[2] - a[2] * b[1];
+    c[1] = a[2] * b[0] - a[0] * b[2];
+    c[2] = a[0] * b[1] - a[1] * b[0];
+}
+
+double vis_Model_Dot(const double* a, const double* b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }

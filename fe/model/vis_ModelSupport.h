@@ -19,6 +19,10 @@ void* vis_Model_NewRecord(size_t size, const char* shortname);
 void* vis_Model_Calloc(size_t n, size_t size);
 /* 1 when obj is null, after reporting `name` with code 5 and no text. */
 int vis_Model_IsNull(const void* obj, const char* name);
+/* 1 when obj is not null and objecttype is `want`, the one companion code an object accepts;
+ * otherwise a code 5 report, or code 3 "objecttype= %d" recorded in the object's ierr (its
+ * first field) under `name`, and 0. */
+int vis_Model_ObjectType(void* obj, const char* name, int objecttype, int want);
 /* Returns *ierr and clears it; code 5 for a null object. */
 int vis_Model_TakeError(int* ierr);
 
@@ -45,6 +49,10 @@ void vis_Model_MaskTags(int mask, int* n, int* tags);
  * "childtype= %d" under `name`, and 0 is returned. */
 int vis_Model_TableToGroup(int* ierr, const char* name, struct vsy_HashTable* tab, struct vis_Group* group, int parent,
                            int child, int (*word)(const void* record));
+
+/* Three-vectors: c = a x b (c must not be a or b), and a . b. */
+void vis_Model_Cross(const double* a, const double* b, double* c);
+double vis_Model_Dot(const double* a, const double* b);
 
 /* A copy of a string through vsy_Malloc, or null (also for a null string). */
 char* vis_Model_StrDup(const char* text);

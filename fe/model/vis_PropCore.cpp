@@ -274,6 +274,17 @@ void vis_Prop_Flag(const vis_PropRef* r, const char* name, int code, int* flag)
     if (up && vis_UProp_Index(code) < up->num) vis_UPropValueFlag(up, code, flag);
 }
 
+void vis_Prop_SetCodes(const vis_PropRef* r, int* num, int* codes)
+{
+    int n = 0;
+    for (int code = 0; code < r->table->num; ++code)
+        if (vis_Prop_SlotOf(r, code)) {
+            if (codes) codes[n] = code;
+            ++n;
+        }
+    *num = n;
+}
+
 void vis_Prop_Params(const vis_PropRef* r, const char* name, int code, int* datatype, int* count, int* nloc)
 {
     if (!vis_Prop_Check(r, name, code, VIS_PROPREQ_ANY)) return;

@@ -67,6 +67,8 @@ void vis_Prop_Flag(const vis_PropRef* r, const char* name, int code, int* flag);
 /* Data type of the table (user values: by block), scalars held and locations held (0, 0 when
  * unset). */
 void vis_Prop_Params(const vis_PropRef* r, const char* name, int code, int* datatype, int* count, int* nloc);
+/* Number of set parameters of the table and, unless codes is null, their codes ascending. */
+void vis_Prop_SetCodes(const vis_PropRef* r, int* num, int* codes);
 /* The parameter's name; "User value" for a negative code. */
 void vis_Prop_Name(const vis_PropRef* r, const char* name, int code, char* out);
 /* The slot of a set parameter of the table, or null; the code must have passed a check. */

@@ -7,13 +7,13 @@
  * Errors: npts below 0 code 1 "npts= %d"; nval below 1 code 1 "nval= %d"; a point count below
  * 0 code 1 "num= %d"; a listed point outside 1 to npts code 1 "pts[%d]= %d" (nothing is
  * read or written then); a parameter option other than VIS_TCURVE_TYPE code 2 "type= %d"; a
- * failed allocation code 4 "npts= %d" and the curve keeps what it held. The component form
- * (SetCompPWLinear), Merge and SetParamd are not built: no reader of this system uses them.
+ * failed allocation code 4 "npts= %d" and the curve keeps what it held.
  */
 #ifndef VIS_TCURVE_H
 #define VIS_TCURVE_H
 
-#define VIS_TCURVE_TYPE 1 /* parameter option: the kind of curve, free for the caller */
+#define VIS_TCURVE_TYPE 1   /* integer option: the kind of curve, free for the caller */
+#define VIS_TCURVE_FACTOR 2 /* double option: the factor, as vis_TCurveSetFactord */
 
 typedef struct vis_TCurve {
     int ierr;      /* last error */
@@ -38,10 +38,25 @@ void vis_TCurveGetFactor(vis_TCurve* tc, float* factor);
 void vis_TCurveGetFactord(vis_TCurve* tc, double* factor);
 void vis_TCurveSetParami(vis_TCurve* tc, int type, int value);
 void vis_TCurveGetParami(vis_TCurve* tc, int type, int* value);
+/* Double options: only VIS_TCURVE_FACTOR; any other code 2 "type= %d". */
+void vis_TCurveSetParamd(vis_TCurve* tc, int type, double value);
+void vis_TCurveGetParamd(vis_TCurve* tc, int type, double* value);
 
 /* Defines the curve as npts points with one dependent value each: x[i], y[i]. */
 void vis_TCurveSetPWLinear(vis_TCurve* tc, int npts, const float* x, const float* y);
 void vis_TCurveSetPWLineardv(vis_TCurve* tc, int npts, const double* x, const double* y);
+/* Defines the curve as npts points with nval dependent values (components) each: x[i] and
+ * y[i * nval + k] for component k. */
+void vis_TCurveSetCompPWLinear(vis_TCurve* tc, int npts, int nval, const float* x, const float* y);
+void vis_TCurveSetCompPWLineardv(vis_TCurve* tc, int npts, int nval, const double* x, const double* y);
+
+/* Makes tc the curve of the components of tca followed by those of tcb (nval the sum), over the
+ * merged ascending independent values of both: a value of both curves gives one point, a
+ * repeated value within one curve (a step) is kept. Each component is its curve's value there,
+ * times its factor (points of the curve as they stand, other values interpolated and held
+ * beyond the ends as Evaldv does), so tc's factor becomes 1. tc may be tca or tcb; a curve
+ * without points gives zeros. Both curves must be in ascending order. */
+void vis_TCurveMerge(vis_TCurve* tc, vis_TCurve* tca, vis_TCurve* tcb);
 
 /* Independent values of n listed points, and their setter. */
 void vis_TCurveIndep(vis_TCurve* tc, int n, const int* pts, float* values);

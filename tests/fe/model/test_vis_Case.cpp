@@ -2,14 +2,18 @@
 // all sparse by node or element.
 #include "vis_ASurf.h"
 #include "vis_CPair.h"
+#include "vis_Connect.h"
 #include "vis_ElemTopology.h"
 #include "vis_Group.h"
 #include "vis_ICase.h"
 #include "vis_LCase.h"
 #include "vis_MCase.h"
+#include "vis_Model.h"
 #include "vis_RCase.h"
 #include "vis_TCurve.h"
 #include "vsy_TestSupport.h"
+
+#include <cmath>
 
 using namespace vsytest;
 
@@ -247,6 +251,63 @@ TEST_F(LCaseTest, GroupsOfLoadedEntities)
     vis_GroupDelete(nodes);
     vis_GroupDelete(faces);
     vis_GroupDelete(elems);
+}
+
+TEST_F(LCaseTest, TimeCurveAndFactorDescribeTheCaseWithoutScalingIt)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    void* got = nullptr;
+    double f = 0;
+    vis_LCaseGetObject(lc, SYS_TCURVE, &got);
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(got, nullptr);
+    EXPECT_EQ(f, 1.0);  // factor 1 after New
+    vis_LCaseSetObject(lc, SYS_TCURVE, tc);
+    vis_LCaseSetParamd(lc, VIS_LCASE_FACTOR, 1.5);
+    const double force[3] = {2, 0, 0};
+    vis_LCaseSetConcdv(lc, 3, 1, force);
+    double v[3];
+    vis_LCaseConcdv(lc, 3, 1, v);
+    EXPECT_EQ(v[0], 2.0);  // read as set, not times 1.5
+    vis_LCaseClear(lc);    // removes the loads only
+    vis_LCaseGetObject(lc, SYS_TCURVE, &got);
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(got, tc);
+    EXPECT_EQ(f, 1.5);
+    int max = -1;
+    vis_LCaseConcMax(lc, 1, &max);
+    EXPECT_EQ(max, 0);
+    ExpectNoReport();
+    vis_LCaseDelete(lc);  // the curve stays the caller's: deleted after the case
+    lc = nullptr;
+    vis_TCurveDelete(tc);
+}
+
+TEST_F(LCaseTest, CompanionAndParameterCodeErrors)
+{
+    void* got = lc;
+    double f = 9;
+    vis_LCaseSetObject(lc, SYS_LCASE, lc);
+    ExpectOnlyReport("vis_LCaseSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= 2320");
+    EXPECT_EQ(vis_LCaseError(lc), SYS_ERROR_OBJECTTYPE);
+    Reports().clear();
+    vis_LCaseGetObject(lc, 2080, &got);
+    ExpectOnlyReport("vis_LCaseGetObject", SYS_ERROR_OBJECTTYPE, "objecttype= 2080");
+    EXPECT_EQ(got, lc);  // unwritten
+    Reports().clear();
+    vis_LCaseSetParamd(lc, 2, 3.0);
+    vis_LCaseGetParamd(lc, 0, &f);
+    ASSERT_EQ(Reports().size(), 2u);
+    EXPECT_EQ(Reports()[0].name, "vis_LCaseSetParamd");
+    EXPECT_EQ(Reports()[0].code, SYS_ERROR_ENUM);
+    EXPECT_EQ(Reports()[0].text, "type= 2");
+    EXPECT_EQ(Reports()[1].text, "type= 0");
+    EXPECT_EQ(f, 9.0);  // unwritten
+    vis_LCaseGetParamd(lc, VIS_LCASE_FACTOR, &f);
+    EXPECT_EQ(f, 1.0);  // the refused set changed nothing
+    void* none = nullptr;
+    vis_LCaseGetObject(lc, SYS_TCURVE, &none);
+    EXPECT_EQ(none, nullptr);
 }
 
 class RCaseTest : public ContainerTest {};
@@ -501,6 +562,131 @@ TEST_F(TCurveTest, DefinitionErrorsAndParameters)
     vis_TCurveDelete(tc);
 }
 
+TEST_F(TCurveTest, ComponentCurveHoldsSeveralValuesPerPoint)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    const double x[2] = {0.0, 2.0}, y[4] = {1.0, 10.0, 3.0, 30.0};  // point 1: (1, 10), point 2: (3, 30)
+    vis_TCurveSetCompPWLineardv(tc, 2, 2, x, y);
+    const int two[1] = {2};
+    double dep[2], v[2];
+    vis_TCurveDepdv(tc, 1, two, dep);
+    EXPECT_EQ(dep[0], 3.0);
+    EXPECT_EQ(dep[1], 30.0);
+    vis_TCurveEvaldv(tc, 1.0, v);
+    EXPECT_DOUBLE_EQ(v[0], 2.0);   // halfway from 1 to 3
+    EXPECT_DOUBLE_EQ(v[1], 20.0);  // halfway from 10 to 30
+    const float xf[1] = {4.0f}, yf[3] = {5.0f, 6.0f, 7.0f};
+    vis_TCurveSetCompPWLinear(tc, 1, 3, xf, yf);
+    double w[3];
+    vis_TCurveEvaldv(tc, 0.0, w);  // one point: held everywhere
+    EXPECT_EQ(w[0], 5.0);
+    EXPECT_EQ(w[2], 7.0);
+    vis_TCurveSetCompPWLineardv(tc, 2, 0, x, y);
+    ExpectOnlyReport("vis_TCurveSetCompPWLineardv", SYS_ERROR_VALUE, "nval= 0");
+    vis_TCurveEvaldv(tc, 0.0, w);  // the refused call kept the 3-valued point
+    EXPECT_EQ(w[1], 6.0);
+    vis_TCurveDelete(tc);
+}
+
+TEST_F(TCurveTest, MergeJoinsComponentsOverTheUnionOfPoints)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew(), *m = vis_TCurveNew();
+    const double xa[2] = {0, 2}, ya[2] = {0, 4}, xb[3] = {1, 2, 3}, yb[3] = {10, 20, 30};
+    vis_TCurveSetPWLineardv(a, 2, xa, ya);
+    vis_TCurveSetFactord(a, 2.0);
+    vis_TCurveSetPWLineardv(b, 3, xb, yb);
+    vis_TCurveMerge(m, a, b);
+    ExpectNoReport();
+    // Union of {0, 2} and {1, 2, 3}: 0, 1, 2, 3 (2 shared). Component 1 is a times 2: 0 at 0,
+    // halfway 0..4 = 2 -> 4 at 1, 8 at 2, held 8 at 3. Component 2 is b: held 10 at 0, 10, 20, 30.
+    const int pts[4] = {1, 2, 3, 4};
+    double ind[4], dep[8], f = 0;
+    vis_TCurveIndepdv(m, 4, pts, ind);
+    vis_TCurveDepdv(m, 4, pts, dep);
+    vis_TCurveGetFactord(m, &f);
+    const double wantInd[4] = {0, 1, 2, 3}, wantDep[8] = {0, 10, 4, 10, 8, 20, 8, 30};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(ind[i], wantInd[i]) << i;
+    for (int i = 0; i < 8; ++i) EXPECT_DOUBLE_EQ(dep[i], wantDep[i]) << i;
+    EXPECT_EQ(f, 1.0);  // the factors are already in the values
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+    vis_TCurveDelete(m);
+}
+
+TEST_F(TCurveTest, MergeKeepsAStepAndWorksInPlace)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double xa[4] = {0, 1, 1, 2}, ya[4] = {0, 0, 5, 5}, xb[1] = {1}, yb[1] = {7};
+    vis_TCurveSetPWLineardv(a, 4, xa, ya);  // a step from 0 to 5 at 1
+    vis_TCurveSetPWLineardv(b, 1, xb, yb);
+    vis_TCurveMerge(a, a, b);
+    // a's two points at 1 stay apart; b's point at 1 joins the first of them, its held 7 the rest.
+    const int pts[4] = {1, 2, 3, 4};
+    double ind[4], dep[8];
+    vis_TCurveIndepdv(a, 4, pts, ind);
+    vis_TCurveDepdv(a, 4, pts, dep);
+    const double wantInd[4] = {0, 1, 1, 2}, wantDep[8] = {0, 7, 0, 7, 5, 7, 5, 7};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(ind[i], wantInd[i]) << i;
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(dep[i], wantDep[i]) << i;
+    vis_TCurveMerge(a, nullptr, b);
+    ExpectOnlyReport("vis_TCurveMerge", SYS_ERROR_NULLOBJECT, "");
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, MergeWithAnUnorderedValueEnds)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double xa[2] = {0, std::nan("")}, ya[2] = {1, 2}, xb[1] = {5}, yb[1] = {3};
+    vis_TCurveSetPWLineardv(a, 2, xa, ya);
+    vis_TCurveSetPWLineardv(b, 1, xb, yb);
+    vis_TCurveMerge(a, a, b);
+    // NaN compares false both ways: it is taken as a's point, so every point is visited once:
+    // 0, NaN, then b's 5.
+    const int pts[1] = {3};
+    double x = 0;
+    vis_TCurveIndepdv(a, 1, pts, &x);
+    EXPECT_EQ(x, 5.0);
+    ExpectNoReport();
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, FailedMergeKeepsTheCurve)
+{
+    vis_TCurve *a = vis_TCurveNew(), *b = vis_TCurveNew();
+    const double x[2] = {0, 1}, y[2] = {3, 4};
+    vis_TCurveSetPWLineardv(a, 2, x, y);
+    FailAllocation(1);
+    vis_TCurveMerge(a, a, b);
+    RestoreAllocation();
+    ExpectOnlyReport("vis_TCurveMerge", SYS_ERROR_MEMORY, "npts= 2");  // merged: a's 2 points
+    EXPECT_EQ(vis_TCurveError(a), SYS_ERROR_MEMORY);
+    double v = 0;
+    vis_TCurveEvaldv(a, 0.5, &v);
+    EXPECT_DOUBLE_EQ(v, 3.5);  // a still its own one-valued curve
+    vis_TCurveDelete(a);
+    vis_TCurveDelete(b);
+}
+
+TEST_F(TCurveTest, FactorAsDoubleParameter)
+{
+    vis_TCurve* tc = vis_TCurveNew();
+    vis_TCurveSetParamd(tc, VIS_TCURVE_FACTOR, 2.5);
+    double f = 0, g = 0;
+    vis_TCurveGetFactord(tc, &f);
+    vis_TCurveGetParamd(tc, VIS_TCURVE_FACTOR, &g);
+    EXPECT_EQ(f, 2.5);
+    EXPECT_EQ(g, 2.5);
+    vis_TCurveSetParamd(tc, VIS_TCURVE_TYPE, 4.0);  // the type is an integer option
+    ExpectOnlyReport("vis_TCurveSetParamd", SYS_ERROR_ENUM, "type= 1");
+    EXPECT_EQ(vis_TCurveError(tc), SYS_ERROR_ENUM);
+    int type = -1;
+    vis_TCurveGetParami(tc, VIS_TCURVE_TYPE, &type);
+    EXPECT_EQ(type, 0);  // unchanged from New
+    vis_TCurveDelete(tc);
+}
+
 class CPairTest : public ContainerTest {};
 
 TEST_F(CPairTest, ParametersKindsAndSides)
@@ -629,6 +815,121 @@ TEST_F(ASurfTest, FloatFormsConvert)
     EXPECT_EQ(cf[2], 2.5f);
     EXPECT_EQ(rf, 3.0f);
     vis_ASurfDelete(as);
+}
+
+TEST_F(CPairTest, EdgeGroupReadsEntityNumbersAsEdges)
+{
+    vis_CPair* cp = vis_CPairNew();
+    vis_CPairSetSlaveElem(cp, 2, 3);
+    vis_CPairSetSlaveElem(cp, 1, 1);
+    vis_CPairSetMaster(cp, 3, 2);
+    vis_Group* edges = vis_GroupNew();
+    vis_GroupDef(edges, 3, SYS_ELEM, SYS_EDGE);
+    vis_CPairEdgeGroup(cp, VIS_CPAIR_SLAVE, edges);
+    int flags = 0;
+    vis_GroupGetIndex(edges, 2, &flags);
+    EXPECT_EQ(flags, 1 << 2);  // element 2, edge 3: bit 2
+    vis_GroupGetIndex(edges, 1, &flags);
+    EXPECT_EQ(flags, 1);       // element 1, edge 1: bit 0
+    vis_GroupGetIndex(edges, 3, &flags);
+    EXPECT_EQ(flags, 0);       // the master's element is not on the slave side
+    ExpectNoReport();
+    vis_Group* faces = vis_GroupNew();
+    vis_GroupDef(faces, 3, SYS_ELEM, SYS_FACE);
+    vis_CPairEdgeGroup(cp, VIS_CPAIR_MASTER, faces);
+    ExpectOnlyReport("vis_CPairEdgeGroup", SYS_ERROR_ENUM, "childtype= 3");
+    Reports().clear();
+    vis_CPairEdgeGroup(cp, 2, edges);
+    ExpectOnlyReport("vis_CPairEdgeGroup", SYS_ERROR_ENUM, "type= 2");
+    vis_GroupDelete(edges);
+    vis_GroupDelete(faces);
+    vis_CPairDelete(cp);
+}
+
+// Two unit quadrilaterals side by side in z = 0 (elements 1 and 2 over x 0..1 and 1..2) and
+// three free nodes 7, 8, 9 to search from.
+class CPairMeshTest : public ContainerTest {
+protected:
+    void SetUp() override
+    {
+        ContainerTest::SetUp();
+        connect = vis_ConnectNew();
+        vis_ConnectDef(connect, 9, 2);
+        const double x[9][3] = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {1, 1, 0},
+                                {2, 1, 0}, {1.7, 0.5, 0.3}, {-0.5, 0.5, 0}, {1, 0.5, 2}};
+        for (int i = 0; i < 9; ++i) vis_ConnectSetCoordsdv(connect, i + 1, x[i]);
+        const int q1[4] = {1, 2, 5, 4}, q2[4] = {2, 3, 6, 5};
+        vis_ConnectSetTopology(connect, 1, SYS_SHAPE_QUAD, 0, 0, 0);
+        vis_ConnectSetElemNode(connect, 1, q1);
+        vis_ConnectSetTopology(connect, 2, SYS_SHAPE_QUAD, 0, 0, 0);
+        vis_ConnectSetElemNode(connect, 2, q2);
+        cp = vis_CPairNew();
+        vis_CPairSetMaster(cp, 1, 1);
+        vis_CPairSetMaster(cp, 2, 1);
+    }
+    void TearDown() override
+    {
+        vis_CPairDelete(cp);
+        vis_ConnectDelete(connect);
+        ContainerTest::TearDown();
+    }
+    vis_Connect* connect = nullptr;
+    vis_CPair* cp = nullptr;
+};
+
+TEST_F(CPairMeshTest, SlaveNodeFindsItsNearestMasterFace)
+{
+    vis_CPairSetObject(cp, SYS_CONNECT, connect);
+    void* got = nullptr;
+    vis_CPairGetObject(cp, SYS_CONNECT, &got);
+    EXPECT_EQ(got, connect);
+    int m = -1;
+    // Node 7 (1.7, 0.5, 0.3) lies over element 2: 0.3 away; element 1's nearest point is
+    // (1, 0.5, 0), sqrt(0.49 + 0.09) away. Entity 2 is element 2.
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    EXPECT_EQ(m, 2);
+    // Node 8 (-0.5, 0.5, 0): 0.5 from element 1's edge x = 0, 1.5 from element 2.
+    vis_CPairSlaveNodeMaster(cp, 8, &m);
+    EXPECT_EQ(m, 1);
+    // Node 9 (1, 0.5, 2) stands over the shared edge, 2 from both: the first entity wins.
+    vis_CPairSlaveNodeMaster(cp, 9, &m);
+    EXPECT_EQ(m, 1);
+    ExpectNoReport();
+    vis_CPairDef(cp);  // the mesh stays, the master side empties
+    m = -1;
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    EXPECT_EQ(m, 0);
+    ExpectNoReport();
+}
+
+TEST_F(CPairMeshTest, SearchErrorsLeaveTheResultUnwritten)
+{
+    int m = -1;
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    ExpectOnlyReport("vis_CPairSlaveNodeMaster", SYS_ERROR_OPERATION, "Connect object not set");
+    EXPECT_EQ(vis_CPairError(cp), SYS_ERROR_OPERATION);
+    Reports().clear();
+    vis_CPairSetObject(cp, SYS_CONNECT, connect);
+    vis_CPairSlaveNodeMaster(cp, 0, &m);
+    vis_CPairSlaveNodeMaster(cp, 10, &m);  // 9 nodes
+    vis_CPairSetMaster(cp, 1, 2);          // a quadrilateral has one face
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    vis_CPairSetObject(cp, SYS_LCASE, connect);
+    ASSERT_EQ(Reports().size(), 4u);
+    EXPECT_EQ(Reports()[0].text, "index= 0");
+    EXPECT_EQ(Reports()[1].text, "index= 10");
+    EXPECT_EQ(Reports()[2].text, "index= 1");  // the element of the bad entity
+    EXPECT_EQ(Reports()[2].code, SYS_ERROR_VALUE);
+    EXPECT_EQ(Reports()[3].name, "vis_CPairSetObject");
+    EXPECT_EQ(Reports()[3].code, SYS_ERROR_OBJECTTYPE);
+    EXPECT_EQ(Reports()[3].text, "objecttype= 2320");
+    EXPECT_EQ(m, -1);
+    Reports().clear();
+    vis_CPairDef(cp);
+    vis_CPairSetMaster(cp, 3, 1);  // 2 elements
+    vis_CPairSlaveNodeMaster(cp, 7, &m);
+    ExpectOnlyReport("vis_CPairSlaveNodeMaster", SYS_ERROR_VALUE, "index= 3");
+    EXPECT_EQ(m, -1);
 }
 
 }  // namespace

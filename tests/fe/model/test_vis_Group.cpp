@@ -5,6 +5,7 @@
 #include "vis_GridFunId.h"
 #include "vis_Group.h"
 #include "vis_IdTran.h"
+#include "vis_Model.h"
 #include "vis_Units.h"
 #include "vsy_TestSupport.h"
 
@@ -302,6 +303,113 @@ TEST_F(CoordSysTest, CylindricalAndSphericalDirectionsAtAPoint)
     vis_CoordSysGetType(cs, &type);
     EXPECT_EQ(type, VIS_COORDSYS_SPHERICAL);
     vis_CoordSysDelete(cs);
+}
+
+static void ExpectTriad(vis_CoordSys* cs, const double* wantOrigin, const double* wantTriad)
+{
+    double o[3], t[9];
+    vis_CoordSysOriginTriad(cs, o, t);
+    for (int i = 0; i < 3; ++i) EXPECT_NEAR(o[i], wantOrigin[i], 1e-12) << "origin " << i;
+    for (int i = 0; i < 9; ++i) EXPECT_NEAR(t[i], wantTriad[i], 1e-12) << "triad " << i;
+}
+
+TEST_F(CoordSysTest, SurfaceSystemTakesTheNormalAndTheTangentPartOfADirection)
+{
+    vis_CoordSys* cs = vis_CoordSysNew();
+    const double o[3] = {1, 1, 1}, n[3] = {0, 0, 2}, d[3] = {1, 1, 5};
+    vis_CoordSysSetSurfacedv(cs, o, n, d);
+    // z' = (0,0,1); x' = (1,1,5) less its z part = (1,1,0)/sqrt2; y' = z' x x' = (-1,1,0)/sqrt2.
+    const double r = std::sqrt(0.5);
+    const double want[9] = {r, r, 0, -r, r, 0, 0, 0, 1};
+    ExpectTriad(cs, o, want);
+    const double along[3] = {0, 0, 3};
+    vis_CoordSysSetSurfacedv(cs, o, n, along);
+    // Direction along the normal: the global axis least aligned with (0,0,1) is x (first of
+    // x and y): x' = (1,0,0), y' = (0,1,0).
+    const double ident[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+    ExpectTriad(cs, o, ident);
+    const float of[3] = {0, 0, 0}, nf[3] = {3, 0, 0}, zero[3] = {0, 0, 0};
+    vis_CoordSysSetSurface(cs, of, nf, zero);
+    // Normal x: least aligned axis y, so x' = (0,1,0), z' = (1,0,0), y' = z' x x' = (0,0,1).
+    const double o0[3] = {0, 0, 0}, wantX[9] = {0, 1, 0, 0, 0, 1, 1, 0, 0};
+    ExpectTriad(cs, o0, wantX);
+    ExpectNoReport();
+    vis_CoordSysSetSurfacedv(cs, o, o0, d);
+    ExpectOnlyReport("vis_CoordSysSetSurfacedv", SYS_ERROR_COMPUTE, "Degenerate vectors");
+    ExpectTriad(cs, o0, wantX);  // nothing changed
+    vis_CoordSysDelete(cs);
+}
+
+TEST_F(CoordSysTest, ResolveAgainstARotatedRectangularReference)
+{
+    vis_CoordSys *ref = vis_CoordSysNew(), *cs = vis_CoordSysNew();
+    const double ro[3] = {10, 0, 0}, rx[3] = {0, 1, 0}, rp[3] = {-1, 0, 0};
+    vis_CoordSysSetOriginVectorsdv(ref, ro, rx, rp);  // rows (0,1,0), (-1,0,0), (0,0,1)
+    const double lo[3] = {1, 2, 3}, ident[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+    vis_CoordSysSetOriginTriaddv(cs, lo, ident);
+    vis_CoordSysSetObject(cs, SYS_COORDSYS, ref);
+    void* got = nullptr;
+    vis_CoordSysGetObject(cs, SYS_COORDSYS, &got);
+    EXPECT_EQ(got, ref);
+    vis_CoordSysResolve(cs);
+    // Origin (10,0,0) + 1*(0,1,0) + 2*(-1,0,0) + 3*(0,0,1) = (8,1,3); the local axes given as the
+    // reference's own axes become the reference's rows.
+    const double wo[3] = {8, 1, 3}, wt[9] = {0, 1, 0, -1, 0, 0, 0, 0, 1};
+    ExpectTriad(cs, wo, wt);
+    vis_CoordSysGetObject(cs, SYS_COORDSYS, &got);
+    EXPECT_EQ(got, nullptr);  // resolved systems are global
+    vis_CoordSysResolve(cs);  // nothing to do: unchanged
+    ExpectTriad(cs, wo, wt);
+    ExpectNoReport();
+    vis_CoordSysDelete(cs);
+    vis_CoordSysDelete(ref);
+}
+
+TEST_F(CoordSysTest, ResolveAgainstACylindricalReference)
+{
+    vis_CoordSys *ref = vis_CoordSysNew(), *cs = vis_CoordSysNew();
+    vis_CoordSysDef(ref, VIS_COORDSYS_CYLINDRICAL);
+    const double lo[3] = {2, 90, 5}, ident[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};  // r 2, theta 90 deg, z 5
+    vis_CoordSysSetOriginTriaddv(cs, lo, ident);
+    vis_CoordSysSetObject(cs, SYS_COORDSYS, ref);
+    vis_CoordSysResolve(cs);
+    // (2 cos 90, 2 sin 90, 5) = (0,2,5); there radial (0,1,0), tangential z x r = (-1,0,0), z.
+    const double wo[3] = {0, 2, 5}, wt[9] = {0, 1, 0, -1, 0, 0, 0, 0, 1};
+    ExpectTriad(cs, wo, wt);
+    vis_CoordSysDelete(cs);
+    vis_CoordSysDelete(ref);
+}
+
+TEST_F(CoordSysTest, ChainedReferenceMustBeResolvedFirstAndWrongCodesFail)
+{
+    vis_CoordSys *a = vis_CoordSysNew(), *b = vis_CoordSysNew(), *c = vis_CoordSysNew();
+    const double one[3] = {1, 0, 0}, ident[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+    vis_CoordSysSetOriginTriaddv(a, one, ident);
+    vis_CoordSysSetOriginTriaddv(b, one, ident);
+    vis_CoordSysSetOriginTriaddv(c, one, ident);
+    vis_CoordSysSetObject(a, SYS_COORDSYS, b);
+    vis_CoordSysSetObject(b, SYS_COORDSYS, c);
+    vis_CoordSysResolve(a);
+    ExpectOnlyReport("vis_CoordSysResolve", SYS_ERROR_OPERATION, "Reference system not resolved");
+    EXPECT_EQ(vis_CoordSysError(a), SYS_ERROR_OPERATION);
+    vis_CoordSysResolve(b);  // (1,0,0) in c at (1,0,0): (2,0,0)
+    vis_CoordSysResolve(a);  // (1,0,0) in b at (2,0,0): (3,0,0)
+    const double wo[3] = {3, 0, 0};
+    ExpectTriad(a, wo, ident);
+    Reports().clear();
+    void* got = a;
+    vis_CoordSysSetObject(a, 2080, c);
+    vis_CoordSysGetObject(a, 2080, &got);
+    ASSERT_EQ(Reports().size(), 2u);
+    EXPECT_EQ(Reports()[0].name, "vis_CoordSysSetObject");
+    EXPECT_EQ(Reports()[0].code, SYS_ERROR_OBJECTTYPE);
+    EXPECT_EQ(Reports()[1].text, "objecttype= 2080");
+    EXPECT_EQ(got, a);  // left unwritten
+    vis_CoordSysGetObject(a, SYS_COORDSYS, &got);
+    EXPECT_EQ(got, nullptr);  // the refused set attached nothing
+    vis_CoordSysDelete(a);
+    vis_CoordSysDelete(b);
+    vis_CoordSysDelete(c);
 }
 
 class UnitsTest : public ContainerTest {};

@@ -234,6 +234,37 @@ TEST_F(PropTest, MaterialTypeOneIsRefused)
     vis_MPropDelete(mp);
 }
 
+TEST_F(PropTest, MaterialListsItsSetParametersAscending)
+{
+    vis_MProp* mp = vis_MPropNew();
+    vis_MPropDef(mp, 0);
+    int num = -1, codes[VIS_MPROP_NUM];
+    vis_MPropGetParams(mp, &num, codes);
+    EXPECT_EQ(num, 0);  // nothing set yet
+    vis_MPropSetValued(mp, 19, 45.0);  // thermal conductivity
+    vis_MPropSetValued(mp, 1, 2.1e11);  // Young's modulus
+    vis_MPropSetValued(mp, 0, 7850.0);  // density
+    vis_MPropSetValued(mp, 1, 2.0e11);  // a second set is the same parameter
+    const double e3[3] = {1, 2, 3};
+    vis_MPropSetValuedv(mp, 7, e3);
+    vis_MPropGetParams(mp, &num, nullptr);  // count only
+    EXPECT_EQ(num, 4);
+    vis_MPropGetParams(mp, &num, codes);
+    // Set in the order 19, 1, 0, 7: listed by code, 0 1 7 19.
+    ASSERT_EQ(num, 4);
+    EXPECT_EQ(codes[0], 0);
+    EXPECT_EQ(codes[1], 1);
+    EXPECT_EQ(codes[2], 7);
+    EXPECT_EQ(codes[3], 19);
+    vis_MPropDef(mp, 2);  // Def clears every parameter
+    vis_MPropGetParams(mp, &num, codes);
+    EXPECT_EQ(num, 0);
+    ExpectNoReport();
+    vis_MPropGetParams(nullptr, &num, codes);
+    ExpectOnlyReport("vis_MPropGetParams", SYS_ERROR_NULLOBJECT, "");
+    vis_MPropDelete(mp);
+}
+
 TEST_F(PropTest, FailedAllocationKeepsTheOldValue)
 {
     vis_SPropSetValued(sp, 6, 1.0);
