@@ -178,3 +178,10 @@ void DrawOpCommon::CreateInTransaction(TevBasicViewer* viewer, const std::functi
     ShapeDocMgr::GetInstance()->EndTransaction();
     viewer->RefreshViewer();
 }
+
+void DrawOpCommon::DrawTempCircle(TevBasicViewer* viewer, const gp_Pnt& center, const gp_Pnt& rim)
+{
+    double c[3] = {center.X(), center.Y(), center.Z()};
+    double r[3] = {rim.X(), rim.Y(), rim.Z()};
+    DrawTempCircle(viewer, c, r);
+}

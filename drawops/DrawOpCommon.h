@@ -70,6 +70,8 @@ protected:
     // The creation bracket of a last step: one transaction around `create` (a creator call on a
     // local creator object), then the rebuild of the viewer's picture, which shows the new shape.
     static void CreateInTransaction(TevBasicViewer* viewer, const std::function<void()>& create);
+    // DrawTempCircle for points held as gp_Pnt: the circle band of the solid operations.
+    void DrawTempCircle(TevBasicViewer* viewer, const gp_Pnt& center, const gp_Pnt& rim);
 
     bool m_bFinished;
     vtkSmartPointer<vtkActor> m_TempActor;   // line, rectangle or triangle
