@@ -153,9 +153,12 @@ protected:
             if (BandPixelsAt(img, p, band) == 0) return false;
         return true;
     }
-    // Whether the band shows at none of `points`.
+    // Whether the band shows at none of `points`. The selection, which the click that made the
+    // solid may have picked, is emptied first: its highlight is reddish as well.
     bool BandGoneAt(const std::vector<gp_Pnt>& points, Band band)
     {
+        SelectionMgr::GetInstance()->ClearSelList();
+        viewer->ProcessHighLightedObj();
         const QImage img = GrabRendered(viewer.get());
         for (const gp_Pnt& p : points)
             if (BandPixelsAt(img, p, band) != 0) return false;
