@@ -11,6 +11,7 @@
 #include <BRepBndLib.hxx>
 #include <BRepCheck_Analyzer.hxx>
 #include <Bnd_Box.hxx>
+#include <QPointer>
 #include <Standard_Failure.hxx>
 
 #include <algorithm>
@@ -60,7 +61,13 @@ protected:
     void Answer(const char* className, const std::vector<FieldText>& fields, bool ok = true)
     {
         dialog = DialogSeen();
-        AnswerNextDialog(className, fields, ok, &dialog);
+        pendingAnswer = AnswerNextDialog(className, fields, ok, &dialog);
+    }
+    // An answer still waiting for its dialog must not outlive the fixture it writes to.
+    void TearDown() override
+    {
+        delete pendingAnswer.data();
+        PlanarOpTest::TearDown();
     }
     // The height dialog: the height typed, and the angle when `angle` is not null.
     void AnswerHeight(const QString& height, bool ok = true, const char* angle = nullptr)
@@ -166,6 +173,7 @@ protected:
     }
 
     DialogSeen dialog;
+    QPointer<QTimer> pendingAnswer;
 };
 
 }  // namespace tevtest

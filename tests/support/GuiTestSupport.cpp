@@ -62,7 +62,7 @@ void AnswerMessageBoxes(int count, QMessageBox::StandardButton button, std::vect
     timer->start();
 }
 
-void AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen)
+QTimer* AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen)
 {
     auto* timer = new QTimer();
     timer->setInterval(20);
@@ -89,6 +89,7 @@ void AnswerNextDialog(const char* className, const std::vector<FieldText>& field
         else dlg->reject();
     });
     timer->start();
+    return timer;
 }
 
 QImage GrabRendered(QWidget* widget)

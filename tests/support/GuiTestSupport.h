@@ -9,6 +9,8 @@
 #include <QString>
 #include <QWidget>
 
+class QTimer;
+
 #include <functional>
 #include <map>
 #include <utility>
@@ -60,8 +62,9 @@ using FieldText = std::pair<QString, QString>;
 // Arms a timer that answers the next modal dialog whose class is `className`: in each named
 // line edit it selects the text, erases it and types the new one key by key (so the field's
 // validator filters it as it would a user's typing), then clicks OK, or Cancel when `ok` is
-// false. Call before the code that opens the dialog.
-void AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen);
+// false. Call before the code that opens the dialog. Returns the polling timer, which deletes
+// itself once it has answered; a caller whose dialog may never come deletes it.
+QTimer* AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen);
 
 // Lets pending repaints through and returns the widget's framebuffer as an image (device
 // pixels, top row first).
