@@ -49,15 +49,10 @@ bool DrawBoxOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 void DrawBoxOp::AskHeightAndDraw(TevBasicViewer* viewer)
 {
     double h = 0.0, angle = 0.0;
-    if (!SolidOpTools::AskHeight(false, h, angle)) {
-        FinishCurrentOp(viewer);
-        return;
-    }
     // Only exactly zero is refused here; the other solids refuse 0.0 or less.
-    if (h == 0.0) {
-        SolidOpTools::ShowHeightError(true);
-        return;
-    }
+    const SolidOpTools::HeightAnswer answer = SolidOpTools::AskHeight(false, SolidOpTools::HeightRule::ZeroOnly, h, angle);
+    if (answer == SolidOpTools::HeightAnswer::Cancelled) FinishCurrentOp(viewer);
+    if (answer != SolidOpTools::HeightAnswer::Given) return;
     m_Point3 = gp_Pnt(m_Point2.X(), m_Point2.Y(), m_Point1.Z() + h);
     m_Height = h;
     m_bStep3 = true;
@@ -96,7 +91,7 @@ void DrawBoxOp::DrawTempRectangle(TevBasicViewer* viewer, const gp_Pnt& p1, cons
     const gp_Pnt mid((p1.XYZ() + p2.XYZ()) * 0.5);
     const gp_Ax1 normal(mid, viewer->GetCurrentPlane()->Pln().Axis().Direction());
     const gp_Pnt corners[4] = {p1, p1.Mirrored(normal), p2, p2.Mirrored(normal)};
-    SolidOpTools::ShowTempQuad(viewer, m_TempActor, p1, p2, corners);
+    DrawTempQuad(viewer, p1, p2, corners, SolidOpTools::kQuadBandColour);
 }
 
 void DrawBoxOp::FinishCurrentOp(TevBasicViewer* viewer)

@@ -21,8 +21,7 @@ void DrawCylinderOp::InitAction(TevBasicViewer*)
 
 bool DrawCylinderOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = PickPoint(viewer, point);
-    if (m_bStep1 && !m_bStep2) DrawTempCircle(viewer, m_Point1, picked);
+    MoveCircleBand(viewer, point, m_bStep1, m_bStep2, m_Point1, false);
     return false;
 }
 
@@ -44,14 +43,10 @@ bool DrawCylinderOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 void DrawCylinderOp::AskHeightAndDraw(TevBasicViewer* viewer)
 {
     double h = 0.0, angle = 0.0;
-    if (!SolidOpTools::AskHeight(m_bParamInput, h, angle)) {
-        FinishCurrentOp(viewer);
-        return;
-    }
-    if (h <= 0.0) {
-        SolidOpTools::ShowHeightError(false);
-        return;
-    }
+    const SolidOpTools::HeightAnswer answer =
+        SolidOpTools::AskHeight(m_bParamInput, SolidOpTools::HeightRule::PositiveOnly, h, angle);
+    if (answer == SolidOpTools::HeightAnswer::Cancelled) FinishCurrentOp(viewer);
+    if (answer != SolidOpTools::HeightAnswer::Given) return;
     if (m_bParamInput) m_Angle = angle;
     m_Point3 = gp_Pnt(m_Point2.X(), m_Point2.Y(), m_Point1.Z() + h);
     PerformDraw(viewer);

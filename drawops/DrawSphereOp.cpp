@@ -21,11 +21,7 @@ void DrawSphereOp::InitAction(TevBasicViewer*)
 
 bool DrawSphereOp::MovePoint(TevBasicViewer* viewer, const double point[3])
 {
-    const gp_Pnt picked = PickPoint(viewer, point);
-    if (!m_bStep1)
-        m_Point1 = picked;
-    else if (!m_bStep2)
-        DrawTempCircle(viewer, m_Point1, picked);
+    MoveCircleBand(viewer, point, m_bStep1, m_bStep2, m_Point1, true);
     return false;
 }
 

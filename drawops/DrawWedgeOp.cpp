@@ -81,7 +81,7 @@ void DrawWedgeOp::DrawTempRectangle(TevBasicViewer* viewer, const gp_Pnt& p1, co
 {
     const gp_Pnt corners[4] = {p1, gp_Pnt(p2.X(), p1.Y(), p1.Z()), gp_Pnt(p2.X(), p2.Y(), p1.Z()),
                                gp_Pnt(p1.X(), p2.Y(), p1.Z())};
-    SolidOpTools::ShowTempQuad(viewer, m_TempActor, p1, p2, corners);
+    DrawTempQuad(viewer, p1, p2, corners, SolidOpTools::kQuadBandColour);
 }
 
 void DrawWedgeOp::FinishCurrentOp(TevBasicViewer* viewer)

@@ -1,29 +1,26 @@
-// Pieces the solid primitive operations share: the height dialog, the refusal box of a bad
-// height and the thick green rubber-band quad of the box and the wedge.
+// Pieces the solid primitive operations share: the height dialog with the refusal of a bad
+// height, and the colour of the box's and the wedge's rubber band.
 #ifndef SOLIDOPTOOLS_H
 #define SOLIDOPTOOLS_H
 
-#include <gp_Pnt.hxx>
-#include <vtkActor.h>
-#include <vtkSmartPointer.h>
-
-class TevBasicViewer;
-
 namespace SolidOpTools {
 
-// Runs a DataInputDlg with no parent, its angle field enabled as `angleEnabled` says. On OK,
-// true with the typed height and angle (an empty field reads 0.0); on Cancel, false.
-bool AskHeight(bool angleEnabled, double& height, double& angle);
+// The green of the box's and the wedge's rubber-band quad.
+extern const double kQuadBandColour[3];
 
-// The modal box "Height error input", titled "Error", with an OK button and no parent. With
-// `translated` both texts pass through QObject::tr first.
+enum class HeightAnswer { Cancelled, Refused, Given };
+
+// Which heights a dialog refuses: the box only exactly 0.0 (the field's validator keeps negative
+// numbers out), with its texts passed through QObject::tr; the others 0.0 or less.
+enum class HeightRule { ZeroOnly, PositiveOnly };
+
+// Runs a DataInputDlg with no parent, its angle field enabled as `angleEnabled` says, and reads
+// the typed height and angle (an empty field reads 0.0). A height that `rule` refuses gets the
+// modal box "Height error input", titled "Error", with an OK button and no parent.
+HeightAnswer AskHeight(bool angleEnabled, HeightRule rule, double& height, double& angle);
+
+// The same box on its own, for the wedge, whose height comes from its own dialog.
 void ShowHeightError(bool translated);
-
-// Replaces `band` in the viewer's default renderer by a green wireframe quad over `corners` (in
-// order), line width 3, opacity 0.8. When `p1` and `p2`, the two clicked points, coincide
-// exactly, the old band only leaves the renderer and nothing new is shown.
-void ShowTempQuad(TevBasicViewer* viewer, vtkSmartPointer<vtkActor>& band, const gp_Pnt& p1, const gp_Pnt& p2,
-                  const gp_Pnt corners[4]);
 
 }  // namespace SolidOpTools
 

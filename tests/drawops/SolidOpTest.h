@@ -85,6 +85,21 @@ protected:
         return box;
     }
 
+    // Clicks at `p` where the dialog armed before gives a height to refuse: the box "Height error
+    // input" titled "Error" shows, and the document, its undo stack and the operation on top stay
+    // as they were.
+    void ExpectHeightRefusedAt(const gp_Pnt& p)
+    {
+        IDrawOp* op = Current();
+        const DocState before = Doc();
+        const BoxSeen box = ClickWithBox(p);
+        EXPECT_TRUE(box.shown);
+        EXPECT_EQ(box.title, "Error");
+        EXPECT_EQ(box.text, "Height error input");
+        EXPECT_TRUE(Doc() == before);
+        EXPECT_EQ(Current(), op);
+    }
+
     static DocState Doc()
     {
         ShapeDocMgr* doc = ShapeDocMgr::GetInstance();

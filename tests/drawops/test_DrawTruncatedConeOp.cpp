@@ -67,11 +67,7 @@ TEST_F(DrawTruncatedConeOpTest, AHeightOfZeroIsRefusedAndLeavesTheOperationInert
     Click(centre);
     const tevtest::DocState before = Doc();
     AnswerCone("0", "10");
-    const tevtest::BoxSeen box = ClickWithBox(rim);
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Height error input");
-    EXPECT_TRUE(Doc() == before);
+    ExpectHeightRefusedAt(rim);
     EXPECT_EQ(SolidOpTestPeer::Steps(op), (std::array<bool, 2>{true, true}));
     // Clicks open no dialog and make nothing now.
     AnswerCone("20", "10");

@@ -79,14 +79,8 @@ TEST_F(DrawWedgeOpTest, AHeightOfZeroIsRefusedAndTheNextCornerAsksAgain)
     DrawWedgeOp op;
     Start(&op);
     Click(base);
-    const tevtest::DocState before = Doc();
     Answer("WedgeInputDlg", {{"lineEdit_Height", "0"}});
-    const tevtest::BoxSeen box = ClickWithBox(corner);
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Height error input");
-    EXPECT_TRUE(Doc() == before);
-    EXPECT_EQ(Current(), &op);
+    ExpectHeightRefusedAt(corner);
     EXPECT_EQ(SolidOpTestPeer::Steps(op), (std::array<bool, 2>{true, false}));
     Answer("WedgeInputDlg", {{"lineEdit_Height", "12"}});
     Click(corner);
