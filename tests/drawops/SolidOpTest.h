@@ -5,12 +5,11 @@
 #ifndef SOLIDOPTEST_H
 #define SOLIDOPTEST_H
 
+#include "../siblings/SiblingTestSupport.h"
 #include "PlanarOpTest.h"
 #include "SolidOpTestPeer.h"
 
-#include <BRepBndLib.hxx>
 #include <BRepCheck_Analyzer.hxx>
-#include <Bnd_Box.hxx>
 #include <QPointer>
 #include <Standard_Failure.hxx>
 
@@ -115,19 +114,6 @@ protected:
         return out;
     }
 
-    static double Volume(const TopoDS_Shape& s)
-    {
-        GProp_GProps props;
-        BRepGProp::VolumeProperties(s, props);
-        return props.Mass();
-    }
-    // The exact bounds of the geometry, without tolerances or triangulation.
-    static Bnd_Box Bounds(const TopoDS_Shape& s)
-    {
-        Bnd_Box box;
-        BRepBndLib::AddOptimal(s, box, Standard_False, Standard_False);
-        return box;
-    }
     // The document holds exactly one more shape, the last one, which is one valid solid with
     // `volume` and the bounding box `lo`..`hi`. Both agree to 1e-6 relative: the volume to its
     // own size, the box coordinates to the size of the box.
@@ -139,9 +125,8 @@ protected:
         const TopoDS_Shape s = all.back();
         EXPECT_EQ(Count(s, TopAbs_SOLID), 1);
         EXPECT_TRUE(BRepCheck_Analyzer(s).IsValid());
-        EXPECT_NEAR(Volume(s), volume, 1e-6 * volume);
-        double b[6];
-        Bounds(s).Get(b[0], b[1], b[2], b[3], b[4], b[5]);
+        EXPECT_NEAR(sibtest::Volume(s), volume, 1e-6 * volume);
+        const std::vector<double> b = sibtest::Bounds(s);
         const double e[6] = {lo.X(), lo.Y(), lo.Z(), hi.X(), hi.Y(), hi.Z()};
         const double tol = 1e-6 * lo.Distance(hi);
         for (int i = 0; i < 6; ++i) EXPECT_NEAR(b[i], e[i], tol) << "bound " << i;
