@@ -1,5 +1,5 @@
 // DrawOpCommon: what every drawing operation shares: the finished flag, the two rubber-band
-// actors, the accepted points, the prompt path and the temporary line, circle and triangle.
+// actors, the accepted points, the prompt path and the temporary line, circle, triangle and quad.
 //
 // Rubber-band actors live in the viewer's default renderer only; they are rebuilt from scratch
 // on every mouse move, are never registered as shapes and leave through FinishCurrentOp or
