@@ -6,6 +6,7 @@
 #include "TevBasicViewer.h"
 
 #include <Geom_Plane.hxx>
+#include <Standard_NullObject.hxx>
 #include <gp_Ax1.hxx>
 #include <gp_Ax2.hxx>
 #include <gp_Pln.hxx>
@@ -69,7 +70,7 @@ void DrawBoxOp::PerformDraw(TevBasicViewer* viewer)
 {
     const gp_Pnt base(std::min(m_Point1.X(), m_Point2.X()), std::min(m_Point1.Y(), m_Point2.Y()),
                       std::min(m_Point1.Z(), m_Point2.Z()));
-    const gp_Pln plane = viewer->GetCurrentPlane()->Pln();
+    const gp_Pln plane = WorkPlane(viewer);
     const gp_Dir n = plane.Axis().Direction();
     const gp_Dir x = plane.XAxis().Direction();
     const gp_Dir y = plane.YAxis().Direction();
@@ -86,10 +87,17 @@ void DrawBoxOp::PerformDraw(TevBasicViewer* viewer)
     });
 }
 
+gp_Pln DrawBoxOp::WorkPlane(TevBasicViewer* viewer)
+{
+    const opencascade::handle<Geom_Plane> plane = viewer->GetCurrentPlane();
+    if (plane.IsNull()) throw Standard_NullObject("the viewer has no work plane");
+    return plane->Pln();
+}
+
 void DrawBoxOp::DrawTempRectangle(TevBasicViewer* viewer, const gp_Pnt& p1, const gp_Pnt& p2)
 {
     const gp_Pnt mid((p1.XYZ() + p2.XYZ()) * 0.5);
-    const gp_Ax1 normal(mid, viewer->GetCurrentPlane()->Pln().Axis().Direction());
+    const gp_Ax1 normal(mid, WorkPlane(viewer).Axis().Direction());
     const gp_Pnt corners[4] = {p1, p1.Mirrored(normal), p2, p2.Mirrored(normal)};
     DrawTempQuad(viewer, p1, p2, corners, SolidOpTools::kQuadBandColour);
 }

@@ -23,6 +23,8 @@
 
 #include "DrawOpCommon.h"
 
+#include <gp_Pln.hxx>
+
 class DrawBoxOp : public DrawOpCommon
 {
     // Tests reach the internals through this peer (tests/support), not through the host's API.
@@ -37,6 +39,9 @@ public:
     void FinishCurrentOp(TevBasicViewer* viewer) override;
 
 private:
+    // The viewer's current plane. A bare mesh view has none: that raises, for the viewer's
+    // failure boundary to report, instead of reaching through a null handle.
+    static gp_Pln WorkPlane(TevBasicViewer* viewer);
     void DrawTempRectangle(TevBasicViewer* viewer, const gp_Pnt& p1, const gp_Pnt& p2);
     // The height dialog of the second click, and the box when it gives a height.
     void AskHeightAndDraw(TevBasicViewer* viewer);

@@ -243,4 +243,28 @@ TEST_F(DrawBoxOpTest, AFailureInsideTheCreationKeepsTheDocumentAndTheStep)
     ExpectOneSolid(0, 4000.0, gp_Pnt(-60, -50, 0), gp_Pnt(-20, -40, 10));
 }
 
+// A bare mesh view ("CAE-TevViewer") has no work plane. The band and the box need one: the step
+// raises, the viewer reports it, and nothing else happens.
+class DrawBoxOpInMeshViewTest : public DrawBoxOpTest
+{
+protected:
+    std::string ViewerName() const override { return "CAE-TevViewer"; }
+};
+
+TEST_F(DrawBoxOpInMeshViewTest, WithoutAWorkPlaneTheStepIsReportedAndNothingIsMade)
+{
+    ASSERT_TRUE(viewer->GetCurrentPlane().IsNull());
+    // Without grid points the grid snap would stop every pick with its "No Snap Data" box.
+    TevPreference::GetInstance()->snapGrid = false;
+    DrawBoxOp op;
+    Start(&op);
+    Click(gp_Pnt(-60, -50, 0));
+    tevtest::PromptLog log;
+    Move(gp_Pnt(-20, -30, 0));
+    EXPECT_EQ(Faults(log), (Lines{"DrawBoxOp : the viewer has no work plane"}));
+    EXPECT_TRUE(NothingLeft(op));
+    EXPECT_EQ(Current(), &op);
+    EXPECT_TRUE(Doc() == tevtest::DocState());
+}
+
 }  // namespace
