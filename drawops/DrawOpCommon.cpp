@@ -7,11 +7,13 @@
 
 #include <QObject>
 #include <vtkArcSource.h>
+#include <vtkCell.h>
 #include <vtkDataSetMapper.h>
 #include <vtkLine.h>
 #include <vtkPoints.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
+#include <vtkQuad.h>
 #include <vtkRenderer.h>
 #include <vtkTriangle.h>
 #include <vtkUnstructuredGrid.h>
@@ -85,16 +87,15 @@ void DrawOpCommon::Prompt(const char* text)
     DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%s", bytes.constData());
 }
 
-// One cell of `count` points (a line or a triangle) as a translucent wireframe of colour `rgb`
-// in m_TempActor, replacing the previous one.
-void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3])
+// One cell of `count` points (a line, a triangle or a quad) as a translucent wireframe of colour
+// `rgb` and line width `lineWidth` in m_TempActor, replacing the previous one. When `a` and `b`,
+// the points the user gave, coincide exactly, nothing new is shown.
+void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* a, const double* b, const double* const* points,
+                                int count, const double rgb[3], double lineWidth)
 {
     vtkRenderer* renderer = viewer->GetDefaultRender();
     renderer->RemoveActor(m_TempActor);
-    const double* p1 = points[0];
-    const double* p2 = points[1];
-    const double d = std::sqrt((p1[0] - p2[0]) * (p1[0] - p2[0]) + (p1[1] - p2[1]) * (p1[1] - p2[1]) +
-                               (p1[2] - p2[2]) * (p1[2] - p2[2]));
+    const double d = std::sqrt((a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]));
     // The cursor on the first point: the old actor stays out of the renderer, nothing new.
     if (d == 0.0) return;
 
@@ -102,16 +103,15 @@ void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* poi
     for (int i = 0; i < count; ++i) vtkPts->InsertNextPoint(points[i]);
     auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
     grid->SetPoints(vtkPts);
-    if (count == 2) {
-        auto line = vtkSmartPointer<vtkLine>::New();
-        line->GetPointIds()->SetId(0, 0);
-        line->GetPointIds()->SetId(1, 1);
-        grid->InsertNextCell(line->GetCellType(), line->GetPointIds());
-    } else {
-        auto tri = vtkSmartPointer<vtkTriangle>::New();
-        for (int i = 0; i < 3; ++i) tri->GetPointIds()->SetId(i, i);
-        grid->InsertNextCell(tri->GetCellType(), tri->GetPointIds());
-    }
+    vtkSmartPointer<vtkCell> cell;
+    if (count == 2)
+        cell = vtkSmartPointer<vtkLine>::New();
+    else if (count == 3)
+        cell = vtkSmartPointer<vtkTriangle>::New();
+    else
+        cell = vtkSmartPointer<vtkQuad>::New();
+    for (int i = 0; i < count; ++i) cell->GetPointIds()->SetId(i, i);
+    grid->InsertNextCell(cell->GetCellType(), cell->GetPointIds());
     auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
     mapper->SetInputData(grid);
     m_TempActor = vtkSmartPointer<vtkActor>::New();
@@ -119,6 +119,7 @@ void DrawOpCommon::ShowTempCell(TevBasicViewer* viewer, const double* const* poi
     m_TempActor->GetProperty()->SetOpacity(0.8);
     m_TempActor->GetProperty()->SetRepresentationToWireframe();
     m_TempActor->GetProperty()->SetColor(rgb[0], rgb[1], rgb[2]);
+    m_TempActor->GetProperty()->SetLineWidth(lineWidth);
     renderer->AddActor(m_TempActor);
     viewer->update();
 }
@@ -128,20 +129,20 @@ static const double kBandColour[3] = {1.0, 0.2, 0.2};
 void DrawOpCommon::DrawTempLine(TevBasicViewer* viewer, double p1[3], double p2[3])
 {
     const double* pts[2] = {p1, p2};
-    ShowTempCell(viewer, pts, 2, kBandColour);
+    ShowTempCell(viewer, p1, p2, pts, 2, kBandColour, 1.0);
 }
 
 void DrawOpCommon::DrawTempSegment(TevBasicViewer* viewer, double p1[3], double p2[3], double r, double g, double b)
 {
     const double* pts[2] = {p1, p2};
     const double rgb[3] = {r, g, b};
-    ShowTempCell(viewer, pts, 2, rgb);
+    ShowTempCell(viewer, p1, p2, pts, 2, rgb, 1.0);
 }
 
 void DrawOpCommon::DrawTempTriangle(TevBasicViewer* viewer, double p1[3], double p2[3], double p3[3])
 {
     const double* pts[3] = {p1, p2, p3};
-    ShowTempCell(viewer, pts, 3, kBandColour);
+    ShowTempCell(viewer, p1, p2, pts, 3, kBandColour, 1.0);
 }
 
 gp_Pnt DrawOpCommon::PickPoint(TevBasicViewer* viewer, const double point[3])
@@ -177,4 +178,31 @@ void DrawOpCommon::CreateInTransaction(TevBasicViewer* viewer, const std::functi
     create();
     ShapeDocMgr::GetInstance()->EndTransaction();
     viewer->RefreshViewer();
+}
+
+void DrawOpCommon::DrawTempQuad(TevBasicViewer* viewer, const gp_Pnt& p1, const gp_Pnt& p2, const gp_Pnt corners[4],
+                                const double rgb[3])
+{
+    double a[3], b[3], c[4][3];
+    p1.Coord(a[0], a[1], a[2]);
+    p2.Coord(b[0], b[1], b[2]);
+    const double* pts[4];
+    for (int i = 0; i < 4; ++i) {
+        corners[i].Coord(c[i][0], c[i][1], c[i][2]);
+        pts[i] = c[i];
+    }
+    ShowTempCell(viewer, a, b, pts, 4, rgb, 3.0);
+}
+
+void DrawOpCommon::MoveCircleBand(TevBasicViewer* viewer, const double point[3], bool centreTaken, bool rimTaken,
+                                  gp_Pnt& centre, bool keepCentre)
+{
+    const gp_Pnt picked = PickPoint(viewer, point);
+    if (!centreTaken) {
+        if (keepCentre) centre = picked;
+    } else if (!rimTaken) {
+        double c[3] = {centre.X(), centre.Y(), centre.Z()};
+        double r[3] = {picked.X(), picked.Y(), picked.Z()};
+        DrawTempCircle(viewer, c, r);
+    }
 }

@@ -1,5 +1,5 @@
 // DrawOpCommon: what every drawing operation shares: the finished flag, the two rubber-band
-// actors, the accepted points, the prompt path and the temporary line, circle and triangle.
+// actors, the accepted points, the prompt path and the temporary line, circle, triangle and quad.
 //
 // Rubber-band actors live in the viewer's default renderer only; they are rebuilt from scratch
 // on every mouse move, are never registered as shapes and leave through FinishCurrentOp or
@@ -70,6 +70,15 @@ protected:
     // The creation bracket of a last step: one transaction around `create` (a creator call on a
     // local creator object), then the rebuild of the viewer's picture, which shows the new shape.
     static void CreateInTransaction(TevBasicViewer* viewer, const std::function<void()>& create);
+    // Rubber-band quad over `corners`, in order, in m_TempActor: wireframe of colour `rgb`, line
+    // width 3, opacity 0.8; nothing is shown when `p1` and `p2`, the clicked points, coincide.
+    void DrawTempQuad(TevBasicViewer* viewer, const gp_Pnt& p1, const gp_Pnt& p2, const gp_Pnt corners[4],
+                      const double rgb[3]);
+    // The mouse move of the solids built on a centre and a rim point: picks the point, keeps it
+    // as `centre` until the centre is taken when `keepCentre` says so, and once the centre is
+    // taken and until the rim is, shows the circle band from the centre through it.
+    void MoveCircleBand(TevBasicViewer* viewer, const double point[3], bool centreTaken, bool rimTaken,
+                        gp_Pnt& centre, bool keepCentre);
 
     bool m_bFinished;
     vtkSmartPointer<vtkActor> m_TempActor;   // line, rectangle or triangle
@@ -84,7 +93,8 @@ protected:
 private:
     size_t m_stepPointCount = 0;  // size of m_PointList when the current step began
 
-    void ShowTempCell(TevBasicViewer* viewer, const double* const* points, int count, const double rgb[3]);
+    void ShowTempCell(TevBasicViewer* viewer, const double* a, const double* b, const double* const* points, int count,
+                      const double rgb[3], double lineWidth);
 };
 
 #endif

@@ -4,15 +4,7 @@
 #include "ShapeDocMgr.h"
 #include "TevBasicViewer.h"
 
-#include <vtkDataSetMapper.h>
-#include <vtkMath.h>
-#include <vtkPoints.h>
-#include <vtkProperty.h>
-#include <vtkQuad.h>
 #include <vtkRenderer.h>
-#include <vtkUnstructuredGrid.h>
-
-#include <cmath>
 
 DrawRectangleOp::DrawRectangleOp() : DrawOpCommon(false), m_bStep1(false), m_bStep2(false) {}
 
@@ -86,29 +78,8 @@ void DrawRectangleOp::ActionCancelled(TevBasicViewer* viewer)
 
 void DrawRectangleOp::DrawTempRectangle(TevBasicViewer* viewer, double p1[3], double p2[3])
 {
-    vtkRenderer* renderer = viewer->GetDefaultRender();
-    renderer->RemoveActor(m_TempActor);
-    // The cursor on the first corner: the old actor stays out of the renderer, nothing new.
-    if (std::sqrt(vtkMath::Distance2BetweenPoints(p1, p2)) == 0.0) return;
-
-    auto points = vtkSmartPointer<vtkPoints>::New();
-    points->InsertNextPoint(p1[0], p1[1], p1[2]);
-    points->InsertNextPoint(p2[0], p1[1], p1[2]);
-    points->InsertNextPoint(p2[0], p2[1], p1[2]);
-    points->InsertNextPoint(p1[0], p2[1], p1[2]);
-    auto quad = vtkSmartPointer<vtkQuad>::New();
-    for (int i = 0; i < 4; ++i) quad->GetPointIds()->SetId(i, i);
-    auto grid = vtkSmartPointer<vtkUnstructuredGrid>::New();
-    grid->SetPoints(points);
-    grid->InsertNextCell(quad->GetCellType(), quad->GetPointIds());
-    auto mapper = vtkSmartPointer<vtkDataSetMapper>::New();
-    mapper->SetInputData(grid);
-    m_TempActor = vtkSmartPointer<vtkActor>::New();
-    m_TempActor->SetMapper(mapper);
-    m_TempActor->GetProperty()->SetOpacity(0.8);
-    m_TempActor->GetProperty()->SetRepresentationToWireframe();
-    m_TempActor->GetProperty()->SetColor(1.0, 0.2, 0.2);
-    m_TempActor->GetProperty()->SetLineWidth(3.0);
-    renderer->AddActor(m_TempActor);
-    viewer->update();
+    static const double red[3] = {1.0, 0.2, 0.2};
+    const gp_Pnt a(p1[0], p1[1], p1[2]), b(p2[0], p2[1], p2[2]);
+    const gp_Pnt corners[4] = {a, gp_Pnt(b.X(), a.Y(), a.Z()), gp_Pnt(b.X(), b.Y(), a.Z()), gp_Pnt(a.X(), b.Y(), a.Z())};
+    DrawTempQuad(viewer, a, b, corners, red);
 }

@@ -4,26 +4,36 @@
 // RefreshViewer(), and start drawing operations through DrawOpMgr.
 //
 //   tev_demo_host                     interactive: draws lines until Escape
-//   tev_demo_host --screenshot FILE   draws a line, a circle and a rectangle by simulated
-//                                     clicks, saves the window as PNG and quits
+//   tev_demo_host --screenshot FILE   draws a line, a circle and a rectangle, then a box, a
+//                                     cylinder and a sphere by simulated clicks (the heights
+//                                     typed into the dialog as a user would), turns to the
+//                                     isometric view, saves the window as PNG and quits
+#include "DrawBoxOp.h"
 #include "DrawCircleByCenterRadiusOp.h"
+#include "DrawCylinderOp.h"
 #include "DrawLineOp.h"
 #include "DrawOpMgr.h"
 #include "DrawRectangleOp.h"
+#include "DrawSphereOp.h"
 #include "DrawerOutput.h"
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
 #include "TevBasicViewer.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QDockWidget>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QSurfaceFormat>
 #include <QTimer>
 #include <QVTKOpenGLNativeWidget.h>
+#include <vtkCamera.h>
 #include <vtkCoordinate.h>
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
@@ -62,7 +72,47 @@ static void ClickAt(TevBasicViewer* viewer, double x, double y)
     QApplication::sendEvent(viewer, &release);
 }
 
-// A line, a circle and a rectangle, each by clicks on grid points of the XY plane.
+// What a user does with the height dialog that the next click opens: types `height` and
+// presses OK. The dialog runs modally inside that click, so the answer comes from a timer.
+static void AnswerHeightLater(const char* height)
+{
+    auto* timer = new QTimer();
+    timer->setInterval(20);
+    QObject::connect(timer, &QTimer::timeout, [timer, height]() {
+        auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dlg || !dlg->inherits("DataInputDlg")) return;
+        timer->stop();
+        timer->deleteLater();
+        if (auto* edit = dlg->findChild<QLineEdit*>("lineEdit")) edit->setText(height);
+        auto* buttons = dlg->findChild<QDialogButtonBox*>("buttonBox");
+        if (buttons && buttons->button(QDialogButtonBox::Ok)) buttons->button(QDialogButtonBox::Ok)->click();
+        else dlg->accept();
+    });
+    timer->start();
+}
+
+// A box, a cylinder and a sphere, clear of the curves, by clicks on grid points of the XY plane.
+static void DrawSolidsScripted(TevBasicViewer* viewer)
+{
+    DrawOpMgr* mgr = DrawOpMgr::GetInstance();
+    static DrawBoxOp box;
+    mgr->StartOp(&box, viewer);
+    ClickAt(viewer, 10, 50);
+    AnswerHeightLater("30");
+    ClickAt(viewer, 50, 80);
+    static DrawCylinderOp cylinder;
+    mgr->StartOp(&cylinder, viewer);
+    ClickAt(viewer, -80, 80);
+    AnswerHeightLater("40");
+    ClickAt(viewer, -65, 80);
+    static DrawSphereOp sphere;
+    mgr->StartOp(&sphere, viewer);
+    ClickAt(viewer, -20, -70);
+    ClickAt(viewer, -5, -70);
+}
+
+// A line, a circle and a rectangle, each by clicks on grid points of the XY plane, then the
+// solids.
 static void DrawScripted(TevBasicViewer* viewer)
 {
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
@@ -78,7 +128,11 @@ static void DrawScripted(TevBasicViewer* viewer)
     mgr->StartOp(&rectangle, viewer);
     ClickAt(viewer, 20, -70);
     ClickAt(viewer, 70, -20);
+    DrawSolidsScripted(viewer);
+    // The first Escape ends the sphere, which starts over after each one; the second, with no
+    // operation left, clears the selection that the last click made.
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(viewer, &escape);
     QApplication::sendEvent(viewer, &escape);
 }
 
@@ -126,6 +180,11 @@ int main(int argc, char** argv)
         DrawScripted(viewer);
         DrawerOutput::GetInstance()->EmitMessage2MessageWidget(0, "%d shape(s) in the document",
                                                                static_cast<int>(ShapeLabelMgr::GetInstance()->GetAllShapes().size()));
+        // Seen from above the solids would show as flat outlines. The isometric view, turned a
+        // little about the vertical so that the faces of the box take different light, shows
+        // their shading.
+        viewer->SetISO();
+        viewer->GetDefaultRender()->GetActiveCamera()->Azimuth(25.0);
         viewer->UpdateViewer();
         QTimer::singleShot(300, [&]() {
             if (!window.grab().save(shot, "PNG")) {

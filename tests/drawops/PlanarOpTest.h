@@ -129,40 +129,15 @@ protected:
 };
 
 // What the polygon dialog showed before it was answered.
-struct PolygonDialogSeen {
-    bool shown = false;
-    QString title;
-};
+using PolygonDialogSeen = DialogSeen;
 
-// Arms a timer that answers the next PolygonNumInputDlg: selects the text of its edge number
-// field, types `text` and clicks OK, or clicks Cancel when `ok` is false. Call before the click
-// that opens it.
+// Answers the next PolygonNumInputDlg: types `text` as its edge number and clicks OK, or clicks
+// Cancel when `ok` is false. Call before the click that opens it.
 inline void AnswerPolygonDialog(const QString& text, bool ok, PolygonDialogSeen* seen)
 {
-    auto* timer = new QTimer();
-    timer->setInterval(20);
-    QObject::connect(timer, &QTimer::timeout, [timer, text, ok, seen]() {
-        auto* dlg = qobject_cast<PolygonNumInputDlg*>(QApplication::activeModalWidget());
-        if (!dlg || !dlg->isVisible()) return;
-        timer->stop();
-        timer->deleteLater();
-        seen->shown = true;
-        seen->title = dlg->windowTitle();
-        auto* edit = dlg->findChild<QLineEdit*>(QString::fromLatin1("lineEdit_EdgeNumber"));
-        auto* buttons = dlg->findChild<QDialogButtonBox*>(QString::fromLatin1("buttonBox"));
-        if (!edit || !buttons) {
-            dlg->reject();
-            return;
-        }
-        if (ok) {
-            edit->setFocus();
-            QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClicks(edit, text);
-        }
-        QAbstractButton* button = buttons->button(ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
-        QTest::mouseClick(button, Qt::LeftButton);
-    });
-    timer->start();
+    std::vector<FieldText> fields;
+    if (ok) fields.push_back({QString::fromLatin1("lineEdit_EdgeNumber"), text});
+    AnswerNextDialog("PolygonNumInputDlg", fields, ok, seen);
 }
 
 }  // namespace tevtest

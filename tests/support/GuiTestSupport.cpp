@@ -3,7 +3,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QOpenGLWidget>
 #include <QTest>
 #include <QTimer>
@@ -154,6 +158,36 @@ void MenuAnswer::Poll()
     m_lastMenu = menu;
     m_done = !chosen->menu();
     QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(chosen).center());
+}
+
+QTimer* AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen)
+{
+    auto* timer = new QTimer();
+    timer->setInterval(20);
+    const QByteArray name(className);
+    QObject::connect(timer, &QTimer::timeout, [timer, name, fields, ok, seen]() {
+        auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dlg || !dlg->isVisible() || !dlg->inherits(name.constData())) return;
+        timer->stop();
+        timer->deleteLater();
+        seen->shown = true;
+        seen->title = dlg->windowTitle();
+        for (QLineEdit* edit : dlg->findChildren<QLineEdit*>()) seen->fieldEnabled[edit->objectName()] = edit->isEnabled();
+        for (const FieldText& field : fields) {
+            auto* edit = dlg->findChild<QLineEdit*>(field.first);
+            if (!edit) continue;
+            edit->setFocus();
+            QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(edit, Qt::Key_Backspace);
+            QTest::keyClicks(edit, field.second);
+        }
+        auto* buttons = dlg->findChild<QDialogButtonBox*>(QString::fromLatin1("buttonBox"));
+        QAbstractButton* button = buttons ? buttons->button(ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel) : nullptr;
+        if (button) QTest::mouseClick(button, Qt::LeftButton);
+        else dlg->reject();
+    });
+    timer->start();
+    return timer;
 }
 
 QImage GrabRendered(QWidget* widget)

@@ -12,6 +12,8 @@
 #include <QWidget>
 
 #include <functional>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include <ostream>
@@ -97,6 +99,24 @@ private:
     int m_depth = 0;                // entries of `path` chosen so far
     bool m_done = false;
 };
+
+// What a modal dialog showed before it was answered: its title and, by object name, whether
+// each of its line edits was enabled.
+struct DialogSeen {
+    bool shown = false;
+    QString title;
+    std::map<QString, bool> fieldEnabled;
+};
+
+// A field of a dialog and the text to type into it.
+using FieldText = std::pair<QString, QString>;
+
+// Arms a timer that answers the next modal dialog whose class is `className`: in each named
+// line edit it selects the text, erases it and types the new one key by key (so the field's
+// validator filters it as it would a user's typing), then clicks OK, or Cancel when `ok` is
+// false. Call before the code that opens the dialog. Returns the polling timer, which deletes
+// itself once it has answered; a caller whose dialog may never come deletes it.
+QTimer* AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen);
 
 // Lets pending repaints through and returns the widget's framebuffer as an image (device
 // pixels, top row first).
