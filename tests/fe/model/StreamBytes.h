@@ -3,6 +3,8 @@
 #ifndef STREAMBYTES_H
 #define STREAMBYTES_H
 
+#include "vsy_TestSupport.h"
+
 #include <cstdint>
 #include <cstdio>
 #include <vector>
@@ -56,6 +58,32 @@ inline uint32_t Crc32(const unsigned char* p, size_t n)
 inline uint32_t Le32(const Bytes& b, size_t i)
 {
     return (uint32_t)b[i] | (uint32_t)b[i + 1] << 8 | (uint32_t)b[i + 2] << 16 | (uint32_t)b[i + 3] << 24;
+}
+
+// Runs `run` once counting its allocations, then once per allocation with that one failing:
+// `reset` before each failing run, then the last report must be `name` with code 4 and
+// `check(k)` runs. Returns the number of allocations of a clean run.
+template <class Reset, class Run, class Check>
+long FailEachAllocation(const char* name, Reset reset, Run run, Check check)
+{
+    using namespace vsytest;
+    CountAllocations();
+    run();
+    long total = AllocState().calls;
+    RestoreAllocation();
+    for (long k = 1; k <= total; ++k) {
+        reset();
+        Reports().clear();
+        FailAllocation(k);
+        run();
+        RestoreAllocation();
+        EXPECT_FALSE(Reports().empty()) << k;
+        if (Reports().empty()) continue;
+        EXPECT_EQ(Reports().back().name, name) << k;
+        EXPECT_EQ(Reports().back().code, SYS_ERROR_MEMORY) << k;
+        check(k);
+    }
+    return total;
 }
 
 }  // namespace streamtest

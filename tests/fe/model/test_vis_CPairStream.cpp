@@ -176,22 +176,13 @@ TEST_F(CPairStreamTest, EveryCorruptedByteIsRefusedAndLeavesThePair)
 TEST_F(CPairStreamTest, FailedAllocationAtEveryStepOfAReadLeavesThePair)
 {
     Bytes b = PairBytes(m.cpair);
-    CountAllocations();
-    ReadTarget(b);
-    long total = AllocState().calls;
-    RestoreAllocation();
-    ASSERT_GT(total, 3);
-    for (long k = 1; k <= total; ++k) {
-        Preset(target);
-        Reports().clear();
-        FailAllocation(k);
-        ReadTarget(b);
-        RestoreAllocation();
-        ASSERT_FALSE(reports().empty()) << k;
-        EXPECT_EQ(reports().back().name, "vis_CPairRead");
-        EXPECT_EQ(vis_CPairError(target), SYS_ERROR_MEMORY) << k;
-        ExpectPreset();
-    }
+    long total = FailEachAllocation(
+        "vis_CPairRead", [this] { Preset(target); }, [&] { ReadTarget(b); },
+        [this](long k) {
+            EXPECT_EQ(vis_CPairError(target), SYS_ERROR_MEMORY) << k;
+            ExpectPreset();
+        });
+    EXPECT_GT(total, 3);  // parameter slots, their data, the entities of each side
 }
 
 TEST_F(CPairStreamTest, NullAndUnwritableStreams)

@@ -318,23 +318,13 @@ TEST_F(PropStreamTest, UnwritableStreamReportsCode6)
 TEST_F(PropStreamTest, FailedAllocationAtEveryStepOfALoadLeavesTheObject)
 {
     Bytes b = StepBytes();
-    CountAllocations();
-    LoadTarget(b);
-    long total = AllocState().calls;
-    RestoreAllocation();
-    ASSERT_GT(total, 5);
-    for (long k = 1; k <= total; ++k) {
-        PresetTarget(target);
-        Reports().clear();
-        FailAllocation(k);
-        LoadTarget(b);
-        RestoreAllocation();
-        ASSERT_FALSE(reports().empty()) << k;
-        EXPECT_EQ(reports().back().name, "vis_SPropStreamLoad");
-        EXPECT_EQ(reports().back().code, SYS_ERROR_MEMORY);
-        EXPECT_EQ(vis_SPropError(target), SYS_ERROR_MEMORY) << k;
-        ExpectPreset(target);
-    }
+    long total = FailEachAllocation(
+        "vis_SPropStreamLoad", [this] { PresetTarget(target); }, [&] { LoadTarget(b); },
+        [this](long k) {
+            EXPECT_EQ(vis_SPropError(target), SYS_ERROR_MEMORY) << k;
+            ExpectPreset(target);
+        });
+    EXPECT_GT(total, 5);  // slots, data of each parameter, user values
 }
 
 TEST_F(PropStreamTest, TypeOptionKeepsParametersAndChecksLikeDef)
