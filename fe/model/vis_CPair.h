@@ -18,6 +18,7 @@
  * replaces anything: a truncated or malformed record is code 12, a read or write failure code
  * 6, a null stream code 5 "stream", a failed allocation code 4, and the pair then keeps all it
  * held.
+ * The stream is a stdio FILE the caller opened in binary mode and still owns.
  *
  * A pair of plane elements touches along element edges: its entities then hold edge numbers
  * where others hold face numbers, and vis_CPairEdgeGroup reads them so.

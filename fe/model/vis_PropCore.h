@@ -35,6 +35,7 @@
  * anything: a stream that is truncated, malformed or of another member is code 12, a read
  * failure code 6, a null stream code 5 "stream", a failed allocation code 4, and the object
  * then keeps all it held. The stream is left where the load stopped.
+ * The stream is a stdio FILE the caller opened in binary mode and still owns.
  */
 #ifndef VIS_PROPCORE_H
 #define VIS_PROPCORE_H

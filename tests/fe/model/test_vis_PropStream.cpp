@@ -389,4 +389,93 @@ TEST_F(PropStreamTest, UnsetOptionClearsTableAndUserValues)
     vis_UPropDelete(up);
 }
 
+// A GProp record built by hand with a valid checksum: version 1, member 4, type 0, then the
+// parameter section given as 32-bit words and bytes, no user record.
+Bytes GlobalRecord(const Bytes& params)
+{
+    static const unsigned char head[16] = {'V', 'P', 'R', 'P', 1, 0, 0, 0, 4, 0, 0, 0, 0, 0, 0, 0};
+    Bytes b(head, head + 16);
+    for (unsigned char c : params) b.push_back(c);
+    for (int i = 0; i < 4; ++i) b.push_back(0);
+    uint32_t crc = Crc32(b.data(), b.size());
+    for (int i = 0; i < 4; ++i) b.push_back((unsigned char)(crc >> (8 * i)));
+    return b;
+}
+
+TEST_F(PropStreamTest, FieldsAreCheckedEvenUnderAValidChecksum)
+{
+    vis_GProp* gp = vis_GPropNew();
+    vis_GPropDef(gp, 0);
+    vis_GPropSetValuei(gp, 0, 2);
+    auto load = [gp](const Bytes& b) {
+        Stream s;
+        Fill(s, b);
+        vis_GPropStreamLoad(gp, s.f);
+    };
+    // One parameter: "Title" (code 3, string, capacity 81) of length 2, "AB".
+    load(GlobalRecord({1, 0, 0, 0, 3, 0, 0, 0, 3, 0, 0, 0, 81, 0, 0, 0, 81, 0, 0, 0, 2, 0, 0, 0, 'A', 'B'}));
+    ExpectNoReport();
+    char title[81] = "";
+    vis_GPropValueString(gp, 3, title);
+    EXPECT_STREQ(title, "AB");
+    // Code 10 is past the ten codes of GProp.
+    load(GlobalRecord({1, 0, 0, 0, 10, 0, 0, 0}));
+    ExpectOnlyReport("vis_GPropStreamLoad", SYS_ERROR_FORMAT, "type= 10");
+    Reports().clear();
+    // "Title" claimed as an integer (type 1) instead of a string (type 3).
+    load(GlobalRecord({1, 0, 0, 0, 3, 0, 0, 0, 1, 0, 0, 0}));
+    ExpectOnlyReport("vis_GPropStreamLoad", SYS_ERROR_FORMAT, "datatype= 1");
+    Reports().clear();
+    // A text of 81 characters leaves no room for its end in a capacity of 81.
+    load(GlobalRecord({1, 0, 0, 0, 3, 0, 0, 0, 3, 0, 0, 0, 81, 0, 0, 0, 81, 0, 0, 0, 81, 0, 0, 0}));
+    ExpectOnlyReport("vis_GPropStreamLoad", SYS_ERROR_FORMAT, "Stream length= 81");
+    Reports().clear();
+    // "2D Analysis Plane" (code 0, one integer) claiming two scalars.
+    load(GlobalRecord({1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0}));
+    ExpectOnlyReport("vis_GPropStreamLoad", SYS_ERROR_FORMAT, "nument= 2");
+    vis_GPropValueString(gp, 3, title);
+    EXPECT_STREQ(title, "AB");  // every refusal kept the first load's value
+    vis_GPropDelete(gp);
+}
+
+TEST_F(PropStreamTest, RecordsFollowOneAnotherInOneStream)
+{
+    vis_MProp* mp = vis_MPropNew();
+    vis_MProp* mp2 = vis_MPropNew();
+    vis_MPropDef(mp, 3);
+    vis_MPropSetValued(mp, 0, 2700.0);
+    Stream s;
+    vis_SPropStreamSave(sp, s.f);
+    vis_MPropStreamSave(mp, s.f);
+    std::rewind(s.f);
+    vis_SPropStreamLoad(target, s.f);
+    vis_MPropStreamLoad(mp2, s.f);
+    ExpectNoReport();
+    ExpectSameStore(sp, target, vis_SPropTable);
+    ExpectSameStore(mp, mp2, vis_MPropTable);
+    EXPECT_EQ(std::fgetc(s.f), EOF);  // each load stopped at the end of its records
+    vis_MPropDelete(mp);
+    vis_MPropDelete(mp2);
+}
+
+TEST_F(PropStreamTest, UserValueRecordRefusedWhenTruncatedKeepsItsValues)
+{
+    vis_UProp* up = vis_UPropNew();
+    vis_UPropDef(up, 1);
+    vis_UPropSetValuec(up, -2000001, "kept");
+    Bytes b = SavedBytes([this](FILE* f) { vis_UPropStreamSave(sp->uprop, f); });
+    for (size_t n = 0; n < b.size(); ++n) {
+        Reports().clear();
+        Stream s;
+        Fill(s, Bytes(b.begin(), b.begin() + (long)n));
+        vis_UPropStreamLoad(up, s.f);
+        ExpectOnlyReport("vis_UPropStreamLoad", SYS_ERROR_FORMAT, "Stream truncated");
+        char text[8] = "";
+        vis_UPropValueString(up, -2000001, text);
+        EXPECT_STREQ(text, "kept");
+        EXPECT_EQ(up->num, 1);
+    }
+    vis_UPropDelete(up);
+}
+
 }  // namespace
