@@ -11,8 +11,8 @@
  * and detail text, and every later put or get does nothing. A get that fails leaves its
  * destination unwritten. Codes: 6 for a stream that cannot be read or written, 12 for a
  * truncated or malformed record, 4 for a failed allocation. Arrays are read in pieces of at
- * most 64 KiB, so a corrupt count can make a load fail but never allocate more than twice
- * the bytes the stream really holds.
+ * most 64 KiB, so a corrupt count can make a load fail but never makes it allocate more than
+ * 64 KiB beyond the bytes the stream really holds.
  */
 #ifndef VIS_MODELSTREAM_H
 #define VIS_MODELSTREAM_H
@@ -22,9 +22,9 @@
 #include <cstdio>
 
 typedef struct vis_ModelStream {
+    int ierr;                      /* first failure, 0 while none */
     FILE* file;                    /* not owned */
     unsigned int crc;              /* running CRC-32 of the current record, pre-inverted */
-    int ierr;                      /* first failure, 0 while none */
     char text[VSY_ERROR_TEXTLEN];  /* its detail */
 } vis_ModelStream;
 

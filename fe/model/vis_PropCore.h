@@ -132,7 +132,8 @@ void vis_Prop_Take(const vis_PropRef* r, const vis_PropRef* from);
     void P##ValueString(P* p, int code, char* value);                                 \
     void P##ValueInteger(P* p, int code, int* value);
 
-/* Declarations of the life verbs of member P: New, Delete, Error, Def(type), GetType. */
+/* Declarations of the life verbs of member P: New, Delete, Error, Def(type), GetType, and the
+ * options and stream form told above: SetParami, StreamSave, StreamLoad. */
 #define VIS_PROP_DECLARE_LIFE(P)         \
     P* P##New(void);                     \
     void P##Delete(P* p);                \
@@ -249,7 +250,7 @@ void vis_Prop_Take(const vis_PropRef* r, const vis_PropRef* from);
 
 /* Definitions of the life verbs of member P with short name SHORT. Def clears every parameter
  * and sets the type; a type that P##_TypeOk (defined by the member) refuses is code 2
- * "type= %d" and changes nothing. */
+ * "type= %d" and changes nothing. SetParami and StreamLoad check a type with P##_TypeOk too. */
 #define VIS_PROP_DEFINE_LIFE(P, TAB, SHORT)                         \
     P* P##New(void) { return (P*)vis_Model_NewRecord(sizeof(P), SHORT); } \
     void P##Delete(P* p)                                            \
