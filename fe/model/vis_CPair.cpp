@@ -5,10 +5,12 @@
 #include "vis_ElemTopology.h"
 #include "vis_Group.h"
 #include "vis_Model.h"
+#include "vis_ModelStream.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 
 #include <cfloat>
+#include <climits>
 #include <cstring>
 
 vis_CPair* vis_CPairNew(void)
@@ -168,6 +170,94 @@ void vis_CPairSetObject(vis_CPair* cp, int objecttype, void* object)
 void vis_CPairGetObject(vis_CPair* cp, int objecttype, void** object)
 {
     if (vis_Model_ObjectType(cp, "vis_CPairGetObject", objecttype, SYS_CONNECT)) *object = cp->connect;
+}
+
+/* ---- stream form ---- */
+
+#define VIS_CPAIR_STREAMVERSION 1
+
+void vis_CPairWrite(vis_CPair* cp, FILE* stream)
+{
+    static const char* name = "vis_CPairWrite";
+    if (vis_Model_IsNull(cp, name)) return;
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    vis_PropRef r = VIS_PROP_REF(cp, vis_CPairTable);
+    vis_ModelStream_PutMark(&s, "VCPR");
+    vis_ModelStream_PutInt(&s, VIS_CPAIR_STREAMVERSION);
+    vis_Prop_PutParams(&r, &s);
+    vis_ModelStream_PutInt(&s, cp->slavekind);
+    vis_ModelStream_PutInt(&s, cp->link);
+    for (int side = 0; side < 2; ++side) {
+        vis_ModelStream_PutInt(&s, cp->num[side]);
+        for (int i = 0; i < cp->num[side]; ++i) {
+            const vis_CPairEnt* e = &cp->ent[side][i];
+            vis_ModelStream_PutInt(&s, e->index);
+            vis_ModelStream_PutInt(&s, e->no);
+            vis_ModelStream_PutDoubles(&s, 1, &e->weight);
+        }
+    }
+    vis_ModelStream_PutEnd(&s);
+    vis_ModelStream_Report(&s, &cp->ierr, name);
+}
+
+/* Reads the entities of a side into a new array (null for none); null once the stream failed.
+ * The array grows with the entities really read, so a corrupt count cannot over-allocate. */
+static vis_CPairEnt* vis_CPair_GetSide(vis_ModelStream* s, int side, int* num)
+{
+    vis_CPairEnt* ent = nullptr;
+    int n = 0, cap = 0;
+    vis_ModelStream_GetIntIn(s, &n, 0, INT_MAX / 2, "Stream count");
+    for (int i = 0; i < n && !s->ierr; ++i) {
+        if (i == cap) {
+            cap = cap < 8 ? 8 : 2 * cap;
+            vis_CPairEnt* grown = (vis_CPairEnt*)vsy_Realloc(ent, sizeof(vis_CPairEnt) * (size_t)cap);
+            if (!grown) {
+                vis_ModelStream_Fail(s, SYS_ERROR_MEMORY, "Realloc vec");
+                break;
+            }
+            ent = grown;
+        }
+        vis_ModelStream_GetIntIn(s, &ent[i].index, 1, INT_MAX, "index");
+        vis_ModelStream_GetIntIn(s, &ent[i].no, side == VIS_CPAIR_SLAVE ? 0 : 1, INT_MAX, "index");
+        vis_ModelStream_GetDouble(s, &ent[i].weight);
+    }
+    if (s->ierr) {
+        vsy_Free(ent);
+        return nullptr;
+    }
+    *num = n;
+    return ent;
+}
+
+void vis_CPairRead(vis_CPair* cp, FILE* stream)
+{
+    static const char* name = "vis_CPairRead";
+    if (vis_Model_IsNull(cp, name)) return;
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    vis_CPair t;
+    std::memset(&t, 0, sizeof(t));
+    vis_PropRef tr = VIS_PROP_REF(&t, vis_CPairTable);
+    vis_ModelStream_GetMark(&s, "VCPR");
+    vis_ModelStream_GetVersion(&s, VIS_CPAIR_STREAMVERSION);
+    vis_Prop_GetParams(&tr, &s);
+    vis_ModelStream_GetInt(&s, &t.slavekind);
+    vis_ModelStream_GetInt(&s, &t.link);
+    for (int side = 0; side < 2 && !s.ierr; ++side) t.ent[side] = vis_CPair_GetSide(&s, side, &t.num[side]);
+    vis_ModelStream_GetEnd(&s);
+    t.cap[0] = t.num[0];
+    t.cap[1] = t.num[1];
+    if (!vis_ModelStream_Report(&s, &cp->ierr, name)) {
+        vis_CPair_Clear(&t);
+        return;
+    }
+    vis_Connect* connect = cp->connect;
+    int ierr = cp->ierr;
+    vis_CPair_Clear(cp);
+    *cp = t;
+    cp->ierr = ierr;
+    cp->connect = connect;
 }
 
 /* ---- nearest master face ---- */

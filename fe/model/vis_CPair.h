@@ -6,8 +6,19 @@
  *
  * Entities keep the order in which they were added and count from 1. Errors: a side other than
  * 0 and 1 code 2 "type= %d"; an entity number outside the list code 1 "index= %d"; an element,
- * face or node below 1 code 1 "index= %d"; a failed allocation code 4 "Realloc vec". The stream
- * forms (Write, Read) are not built: no reader of this system uses them.
+ * face or node below 1 code 1 "index= %d"; a failed allocation code 4 "Realloc vec".
+ *
+ * Stream form (Write, Read; version 1), one record of the codec of vis_ModelStream.h
+ * (little-endian 32-bit integers, IEEE doubles, CRC-32 at the end): mark "VCPR"; version; the
+ * parameter section of vis_PropCore.h; slave kind; link flag; then per side, slave first, the
+ * number of entities and per entity its index, number and weight (a double); the checksum.
+ * The attached mesh is not part of the stream: it is a companion of the caller, and Read keeps
+ * the one attached. Read checks every field (indices from 1, face numbers from 1 and on the
+ * slave side 0 for a node, the parameters as a property load does) and the checksum before it
+ * replaces anything: a truncated or malformed record is code 12, a read or write failure code
+ * 6, a null stream code 5 "stream", a failed allocation code 4, and the pair then keeps all it
+ * held.
+ * The stream is a stdio FILE the caller opened in binary mode and still owns.
  *
  * A pair of plane elements touches along element edges: its entities then hold edge numbers
  * where others hold face numbers, and vis_CPairEdgeGroup reads them so.
@@ -16,6 +27,8 @@
 #define VIS_CPAIR_H
 
 #include "vis_PropCore.h"
+
+#include <cstdio>
 
 struct vis_Group;
 struct vis_Connect;
@@ -70,6 +83,10 @@ void vis_CPairNodeGroup(vis_CPair* cp, struct vis_Group* group);
 void vis_CPairFaceGroup(vis_CPair* cp, int side, struct vis_Group* group);
 /* The same for the element edges of a side (parent 4, child 2): entity numbers read as edges. */
 void vis_CPairEdgeGroup(vis_CPair* cp, int side, struct vis_Group* group);
+
+/* Writes the pair to a binary stream, and replaces the pair by one read from a stream. */
+void vis_CPairWrite(vis_CPair* cp, FILE* stream);
+void vis_CPairRead(vis_CPair* cp, FILE* stream);
 
 /* Attaches (null: detaches) or reads the mesh the entities refer to; objecttype must be
  * SYS_CONNECT, otherwise code 3 "objecttype= %d" and nothing is set or read. */

@@ -1,10 +1,12 @@
 /* vis_PropCore: the parameter store of the property family; see vis_PropCore.h. */
 #include "vis_PropCore.h"
 
+#include "vis_ModelStream.h"
 #include "vis_ModelSupport.h"
 #include "vis_UProp.h"
 #include "vsy_Error.h"
 
+#include <climits>
 #include <cstring>
 
 static const char* vis_Prop_TypeText = "Improper data type, type= %d";
@@ -219,8 +221,9 @@ static vis_UProp* vis_Prop_SyncUser(const vis_PropRef* r)
 {
     vis_UProp* up = *r->uprop;
     if (!up) return nullptr;
-    vis_UPropDef(up, vis_Prop_IntParam(r, r->table->nuser));
-    vis_UPropError(up); /* a shrink cannot fail; a failed growth keeps the old slots */
+    int n = vis_Prop_IntParam(r, r->table->nuser);
+    vis_UPropDef(up, n < 0 ? 0 : n); /* an unset count holds no user values */
+    vis_UPropError(up);               /* a shrink cannot fail; a failed growth keeps the old slots */
     return up;
 }
 
@@ -311,4 +314,181 @@ void vis_Prop_Name(const vis_PropRef* r, const char* name, int code, char* out)
 {
     if (!vis_Prop_Check(r, name, code, VIS_PROPREQ_ANY)) return;
     std::strcpy(out, code < 0 ? "User value" : r->table->rows[code].name);
+}
+
+/* ---- options ---- */
+
+/* Unsets a parameter: a table slot loses its data and stays for a later set. */
+static void vis_Prop_Unset(const vis_PropRef* r, const char* name, int code)
+{
+    if (!vis_Prop_Check(r, name, code, VIS_PROPREQ_ANY)) return;
+    if (code < 0) {
+        vis_UProp* up = vis_Prop_SyncUser(r);
+        if (!up || vis_UProp_Index(code) >= up->num) return;
+        vis_UPropSetParami(up, VIS_PROP_UNSET, code);
+        int ierr = vis_UPropError(up);
+        if (ierr) *r->ierr = ierr;
+        return;
+    }
+    vis_PropSlot* s = vis_Prop_Slot(r, code);
+    if (!s) return;
+    vsy_Free(s->data);
+    std::memset(s, 0, sizeof(*s));
+}
+
+void vis_Prop_SetParami(const vis_PropRef* r, const char* name, int type, int value, int (*typeok)(int), int* ptype)
+{
+    switch (type) {
+    case VIS_PROP_TYPE:
+        if (typeok(value)) *ptype = value;
+        else vsy_ErrorRecord(r->ierr, name, SYS_ERROR_ENUM, "iparam= %d", value);
+        break;
+    case VIS_PROP_UNSET: vis_Prop_Unset(r, name, value); break;
+    default: vsy_ErrorRecord(r->ierr, name, SYS_ERROR_ENUM, "type= %d", type); break;
+    }
+}
+
+/* ---- stream form ---- */
+
+#define VIS_PROP_STREAMVERSION 1
+/* Room for the parameter bytes of the largest table while a stream loads. */
+#define VIS_PROP_MAXNUM 256
+
+/* Member numbers of the stream: 1 SProp, 2 EProp, 3 MProp, 4 GProp, 5 RProp, 6 CPair. */
+static int vis_Prop_Member(const vis_PropTable* t)
+{
+    const vis_PropTable* members[6] = {&vis_SPropTable, &vis_EPropTable, &vis_MPropTable,
+                                       &vis_GPropTable, &vis_RPropTable, &vis_CPairTable};
+    for (int i = 0; i < 6; ++i)
+        if (members[i] == t) return i + 1;
+    return 0;
+}
+
+void vis_Prop_PutParams(const vis_PropRef* r, vis_ModelStream* s)
+{
+    int n = 0;
+    vis_Prop_SetCodes(r, &n, nullptr);
+    vis_ModelStream_PutInt(s, n);
+    for (int code = 0; code < r->table->num; ++code) {
+        const vis_PropSlot* p = vis_Prop_SlotOf(r, code);
+        if (!p) continue;
+        int datatype = r->table->rows[code].datatype;
+        int head[4] = {code, datatype, p->count, p->perloc};
+        vis_ModelStream_PutInts(s, 4, head);
+        if (datatype == VIS_PROP_INTEGER) vis_ModelStream_PutInts(s, p->count, (const int*)p->data);
+        else if (datatype != VIS_PROP_STRING) vis_ModelStream_PutDoubles(s, p->count, (const double*)p->data);
+        else {
+            int len = (int)std::strlen((const char*)p->data);
+            vis_ModelStream_PutInt(s, len);
+            vis_ModelStream_PutBytes(s, len, p->data);
+        }
+    }
+}
+
+/* The data of a loading parameter of a row: count scalars, or a text shorter than the row's
+ * capacity placed in a buffer of that capacity. Null once the stream has failed. */
+static void* vis_Prop_GetData(const vis_PropRow* row, int count, vis_ModelStream* s)
+{
+    void* data = nullptr;
+    if (row->datatype == VIS_PROP_INTEGER) vis_ModelStream_GetInts(s, count, (int**)&data);
+    else if (row->datatype != VIS_PROP_STRING) vis_ModelStream_GetDoubles(s, count, (double**)&data);
+    else {
+        int len = -1;
+        char* text = nullptr;
+        vis_ModelStream_GetIntIn(s, &len, 0, count - 1, "Stream length");
+        vis_ModelStream_GetBytes(s, len, &text);
+        if (text && (int)std::strlen(text) != len) vis_ModelStream_Fail(s, SYS_ERROR_FORMAT, "Stream length= %d", len);
+        data = s->ierr ? nullptr : vsy_Malloc((size_t)count);
+        if (data) std::memcpy(data, text, (size_t)len + 1);
+        else vis_ModelStream_Fail(s, SYS_ERROR_MEMORY, "Malloc vec");
+        vsy_Free(text);
+    }
+    return data;
+}
+
+/* Reads one parameter into slot k of a loading store; codes must ascend past *last. */
+static void vis_Prop_GetParam(const vis_PropRef* t, int k, int* last, vis_ModelStream* s)
+{
+    int code = -1, datatype = 0, count = -1, perloc = 0;
+    vis_ModelStream_GetIntIn(s, &code, *last + 1, t->table->num - 1, "type");
+    if (s->ierr) return;
+    const vis_PropRow* row = &t->table->rows[code];
+    int fixed = row->datatype == VIS_PROP_STRING ? row->count : row->count * row->nloc;
+    vis_ModelStream_GetIntIn(s, &datatype, row->datatype, row->datatype, "datatype");
+    if (row->datatype == VIS_PROP_STRING) vis_ModelStream_GetIntIn(s, &count, fixed, fixed, "nument");
+    else vis_ModelStream_GetIntIn(s, &count, row->countparam < 0 ? 1 : 0, row->countparam < 0 ? fixed : INT_MAX, "nument");
+    vis_ModelStream_GetIntIn(s, &perloc, 1, count > 1 ? count : 1, "perloc");
+    if (!s->ierr && count % perloc != 0) vis_ModelStream_Fail(s, SYS_ERROR_FORMAT, "perloc= %d", perloc);
+    void* data = s->ierr ? nullptr : vis_Prop_GetData(row, count, s);
+    if (!data) return;
+    vis_PropSlot* slot = &(*t->slots)[k];
+    slot->set = 1;
+    slot->count = count;
+    slot->perloc = perloc;
+    slot->data = data;
+    t->byte[code] = (unsigned char)(k + 1);
+    *t->nslots = k + 1;
+    *last = code;
+}
+
+void vis_Prop_GetParams(const vis_PropRef* t, vis_ModelStream* s)
+{
+    int n = 0, last = -1;
+    vis_ModelStream_GetIntIn(s, &n, 0, t->table->num, "Stream count");
+    if (s->ierr) return;
+    *t->slots = (vis_PropSlot*)vis_Model_Calloc((size_t)(n > 0 ? n : 1), sizeof(vis_PropSlot));
+    if (!*t->slots) vis_ModelStream_Fail(s, SYS_ERROR_MEMORY, "Malloc vec");
+    for (int k = 0; k < n && !s->ierr; ++k) vis_Prop_GetParam(t, k, &last, s);
+}
+
+void vis_Prop_StreamSave(const vis_PropRef* r, const char* name, int type, FILE* stream)
+{
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    vis_UProp* up = r->table->nuser >= 0 ? vis_Prop_SyncUser(r) : nullptr;
+    vis_ModelStream_PutMark(&s, "VPRP");
+    vis_ModelStream_PutInt(&s, VIS_PROP_STREAMVERSION);
+    vis_ModelStream_PutInt(&s, vis_Prop_Member(r->table));
+    vis_ModelStream_PutInt(&s, type);
+    vis_Prop_PutParams(r, &s);
+    vis_ModelStream_PutInt(&s, up ? 1 : 0);
+    vis_ModelStream_PutEnd(&s);
+    if (up) vis_UProp_StreamPut(up, &s);
+    vis_ModelStream_Report(&s, r->ierr, name);
+}
+
+void vis_Prop_Take(const vis_PropRef* r, const vis_PropRef* from)
+{
+    vis_Prop_Clear(r);
+    std::memcpy(r->byte, from->byte, (size_t)r->table->num);
+    *r->slots = *from->slots;
+    *r->nslots = *from->nslots;
+    *r->uprop = *from->uprop;
+}
+
+void vis_Prop_StreamLoad(const vis_PropRef* r, const char* name, int (*typeok)(int), int* type, FILE* stream)
+{
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    int member = vis_Prop_Member(r->table), newtype = 0, user = 0, ierr = 0, nslots = 0;
+    unsigned char byte[VIS_PROP_MAXNUM] = {0};
+    vis_PropSlot* slots = nullptr;
+    vis_UProp* up = nullptr;
+    vis_PropRef t = {&ierr, byte, &slots, &nslots, &up, r->table};
+    if (r->table->num > VIS_PROP_MAXNUM) vis_ModelStream_Fail(&s, SYS_ERROR_SEVERE, "Table too large");
+    vis_ModelStream_GetMark(&s, "VPRP");
+    vis_ModelStream_GetVersion(&s, VIS_PROP_STREAMVERSION);
+    vis_ModelStream_GetIntIn(&s, &member, member, member, "Stream member");
+    vis_ModelStream_GetInt(&s, &newtype);
+    if (!s.ierr && !typeok(newtype)) vis_ModelStream_Fail(&s, SYS_ERROR_FORMAT, "type= %d", newtype);
+    vis_Prop_GetParams(&t, &s);
+    vis_ModelStream_GetIntIn(&s, &user, 0, r->table->nuser >= 0 ? 1 : 0, "Stream user");
+    vis_ModelStream_GetEnd(&s);
+    if (user && !s.ierr) up = vis_UProp_StreamGet(&s);
+    if (!vis_ModelStream_Report(&s, r->ierr, name)) {
+        vis_Prop_Clear(&t);
+        return;
+    }
+    vis_Prop_Take(r, &t);
+    *type = newtype;
 }

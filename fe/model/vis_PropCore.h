@@ -19,15 +19,37 @@
  * type= %d"). A string is cut to the row's capacity. A failed allocation is code 4 "type= %d"
  * and keeps the old value.
  *
- * The Stream operations and SetParami of the family are not built: nothing in the system reads
- * a stream, and no option of a property object is named.
+ * Options (SetParami): VIS_PROP_TYPE sets the type as Def would, keeping every parameter (a
+ * refused type is code 2 "iparam= %d"); VIS_PROP_UNSET makes the parameter of the code given as
+ * value unset again, with the range check of a read; another option is code 2 "type= %d".
+ *
+ * Stream form (StreamSave, StreamLoad; version 1), records of the codec of vis_ModelStream.h
+ * (little-endian 32-bit integers, IEEE doubles, CRC-32 at the end of each record): mark
+ * "VPRP"; version; member (1 SProp, 2 EProp, 3 MProp, 4 GProp, 5 RProp); type; the set
+ * parameters (their number, then per parameter in ascending code: code, data type, count,
+ * scalars per location, and the count integers or doubles, or for a string its length
+ * without the end and its bytes); 1 when a record of the user values (vis_UProp.h) follows,
+ * else 0; the checksum. Floats are written as the doubles they are held as. Load checks every
+ * field against the member's table (code ascending, data type, count within the row's size,
+ * string shorter than its capacity), the type as Def does and the checksum before it replaces
+ * anything: a stream that is truncated, malformed or of another member is code 12, a read
+ * failure code 6, a null stream code 5 "stream", a failed allocation code 4, and the object
+ * then keeps all it held. The stream is left where the load stopped.
+ * The stream is a stdio FILE the caller opened in binary mode and still owns.
  */
 #ifndef VIS_PROPCORE_H
 #define VIS_PROPCORE_H
 
 #include "vis_PropTables.h"
 
-struct vis_UProp;
+#include <cstdio>
+
+#include "vis_UProp.h"
+
+struct vis_ModelStream;
+
+/* Options of SetParami; VIS_PROP_UNSET (2) is shared with vis_UPropSetParami. */
+#define VIS_PROP_TYPE 1
 
 typedef struct vis_PropSlot {
     int set;    /* 1 when a value stands in the slot */
@@ -76,6 +98,18 @@ const vis_PropSlot* vis_Prop_SlotOf(const vis_PropRef* r, int code);
 /* Range and type check of a Value operation; 1 when the call may go on. */
 int vis_Prop_Check(const vis_PropRef* r, const char* name, int code, int kind);
 
+/* SetParami of a member whose type field is *ptype and whose types typeok accepts. */
+void vis_Prop_SetParami(const vis_PropRef* r, const char* name, int type, int value, int (*typeok)(int), int* ptype);
+/* The record of a member; the loaded record replaces the parameters and sets *type. */
+void vis_Prop_StreamSave(const vis_PropRef* r, const char* name, int type, FILE* stream);
+void vis_Prop_StreamLoad(const vis_PropRef* r, const char* name, int (*typeok)(int), int* type, FILE* stream);
+/* The parameter section of a record, for objects with records of their own: PutParams writes
+ * it; GetParams reads it into an empty store t (to be cleared by the caller on failure). */
+void vis_Prop_PutParams(const vis_PropRef* r, struct vis_ModelStream* s);
+void vis_Prop_GetParams(const vis_PropRef* t, struct vis_ModelStream* s);
+/* Clears r and moves into it the parameters and user values of the store from. */
+void vis_Prop_Take(const vis_PropRef* r, const vis_PropRef* from);
+
 /* The reference of a member record p whose table is `tab`. */
 #define VIS_PROP_REF(p, tab) {&(p)->ierr, (p)->byte, &(p)->slots, &(p)->nslots, &(p)->uprop, &(tab)}
 
@@ -98,13 +132,17 @@ int vis_Prop_Check(const vis_PropRef* r, const char* name, int code, int kind);
     void P##ValueString(P* p, int code, char* value);                                 \
     void P##ValueInteger(P* p, int code, int* value);
 
-/* Declarations of the life verbs of member P: New, Delete, Error, Def(type), GetType. */
+/* Declarations of the life verbs of member P: New, Delete, Error, Def(type), GetType, and the
+ * options and stream form told above: SetParami, StreamSave, StreamLoad. */
 #define VIS_PROP_DECLARE_LIFE(P)         \
     P* P##New(void);                     \
     void P##Delete(P* p);                \
     int P##Error(P* p);                  \
     void P##Def(P* p, int type);         \
-    void P##GetType(P* p, int* type);
+    void P##GetType(P* p, int* type);    \
+    void P##SetParami(P* p, int type, int value); \
+    void P##StreamSave(P* p, FILE* stream);       \
+    void P##StreamLoad(P* p, FILE* stream);
 
 /* Null check of a member operation: returns from the caller after a code 5 report. */
 #define VIS_PROP_ENTER(p, name) \
@@ -212,7 +250,7 @@ int vis_Prop_Check(const vis_PropRef* r, const char* name, int code, int kind);
 
 /* Definitions of the life verbs of member P with short name SHORT. Def clears every parameter
  * and sets the type; a type that P##_TypeOk (defined by the member) refuses is code 2
- * "type= %d" and changes nothing. */
+ * "type= %d" and changes nothing. SetParami and StreamLoad check a type with P##_TypeOk too. */
 #define VIS_PROP_DEFINE_LIFE(P, TAB, SHORT)                         \
     P* P##New(void) { return (P*)vis_Model_NewRecord(sizeof(P), SHORT); } \
     void P##Delete(P* p)                                            \
@@ -238,6 +276,24 @@ int vis_Prop_Check(const vis_PropRef* r, const char* name, int code, int kind);
     {                                                               \
         VIS_PROP_ENTER(p, #P "GetType");                            \
         if (type) *type = p->type;                                  \
+    }                                                               \
+    void P##SetParami(P* p, int type, int value)                    \
+    {                                                               \
+        VIS_PROP_ENTER(p, #P "SetParami");                          \
+        vis_PropRef r = VIS_PROP_REF(p, TAB);                       \
+        vis_Prop_SetParami(&r, #P "SetParami", type, value, P##_TypeOk, &p->type); \
+    }                                                               \
+    void P##StreamSave(P* p, FILE* stream)                          \
+    {                                                               \
+        VIS_PROP_ENTER(p, #P "StreamSave");                         \
+        vis_PropRef r = VIS_PROP_REF(p, TAB);                       \
+        vis_Prop_StreamSave(&r, #P "StreamSave", p->type, stream);  \
+    }                                                               \
+    void P##StreamLoad(P* p, FILE* stream)                          \
+    {                                                               \
+        VIS_PROP_ENTER(p, #P "StreamLoad");                         \
+        vis_PropRef r = VIS_PROP_REF(p, TAB);                       \
+        vis_Prop_StreamLoad(&r, #P "StreamLoad", P##_TypeOk, &p->type, stream); \
     }
 
 /* Vector float setter: converts the row's full size to doubles. */

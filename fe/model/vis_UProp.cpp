@@ -1,9 +1,11 @@
 /* vis_UProp: user values by negative code; see vis_UProp.h. */
 #include "vis_UProp.h"
 
+#include "vis_ModelStream.h"
 #include "vis_ModelSupport.h"
 #include "vsy_Error.h"
 
+#include <climits>
 #include <cstring>
 
 enum { UP_INT = 0, UP_DOUBLE = 1, UP_STRING = 2, UP_FLOAT = 3, UP_ARRAY = 4 };
@@ -201,4 +203,161 @@ void vis_UPropValueDims(vis_UProp* up, int code, int* ndim, int* dims)
     if (!s || !(s->set & (1 << UP_ARRAY))) return;
     *ndim = s->ndim;
     for (int i = 0; i < s->ndim; ++i) dims[i] = s->dims[i];
+}
+
+void vis_UPropSetParami(vis_UProp* up, int type, int value)
+{
+    static const char* name = "vis_UPropSetParami";
+    if (vis_Model_IsNull(up, name)) return;
+    if (type != VIS_PROP_UNSET) {
+        vsy_ErrorRecord(&up->ierr, name, SYS_ERROR_ENUM, "type= %d", type);
+        return;
+    }
+    vis_UPropSlot* s = vis_UProp_Slot(up, name, value, -1);
+    if (!s) return;
+    int block = vis_UProp_Block(value);
+    if (block == UP_STRING) {
+        vsy_Free(s->string);
+        s->string = nullptr;
+    } else if (block == UP_ARRAY) {
+        vsy_Free(s->array);
+        s->array = nullptr;
+        s->ndim = 0;
+    }
+    s->set &= ~(1 << block);
+}
+
+/* ---- stream form ---- */
+
+#define VIS_UPROP_STREAMVERSION 1
+
+static void vis_UProp_PutSlot(const vis_UPropSlot* u, vis_ModelStream* s)
+{
+    if (u->set & (1 << UP_INT)) vis_ModelStream_PutInt(s, u->ivalue);
+    if (u->set & (1 << UP_DOUBLE)) vis_ModelStream_PutDoubles(s, 1, &u->dvalue);
+    if (u->set & (1 << UP_STRING)) {
+        int len = (int)std::strlen(u->string);
+        vis_ModelStream_PutInt(s, len);
+        vis_ModelStream_PutBytes(s, len, u->string);
+    }
+    if (u->set & (1 << UP_FLOAT)) vis_ModelStream_PutDoubles(s, 1, &u->fvalue);
+    if (u->set & (1 << UP_ARRAY)) {
+        vis_ModelStream_PutInt(s, u->ndim);
+        vis_ModelStream_PutInts(s, u->ndim, u->dims);
+        vis_ModelStream_PutDoubles(s, vis_UProp_Count(u), u->array);
+    }
+}
+
+void vis_UProp_StreamPut(vis_UProp* up, vis_ModelStream* s)
+{
+    int nset = 0;
+    for (int i = 0; i < up->num; ++i) nset += up->slots[i].set != 0;
+    vis_ModelStream_PutMark(s, "VUPR");
+    vis_ModelStream_PutInt(s, VIS_UPROP_STREAMVERSION);
+    vis_ModelStream_PutInt(s, up->num);
+    vis_ModelStream_PutInt(s, nset);
+    for (int i = 0; i < up->num; ++i) {
+        if (!up->slots[i].set) continue;
+        vis_ModelStream_PutInt(s, i);
+        vis_ModelStream_PutInt(s, up->slots[i].set);
+        vis_UProp_PutSlot(&up->slots[i], s);
+    }
+    vis_ModelStream_PutEnd(s);
+}
+
+/* Reads the array of a slot: ndim 1 to VIS_UPROP_MAXDIM dims of at least 1, product at most
+ * one block, as vis_UPropSetArraydv accepts. */
+static void vis_UProp_GetArray(vis_UPropSlot* u, vis_ModelStream* s)
+{
+    long n = 1;
+    vis_ModelStream_GetIntIn(s, &u->ndim, 1, VIS_UPROP_MAXDIM, "ndim");
+    for (int i = 0; i < u->ndim && !s->ierr; ++i) {
+        vis_ModelStream_GetIntIn(s, &u->dims[i], 1, (int)(VIS_UPROP_BLOCK / n), "dims");
+        n *= u->dims[i];
+    }
+    vis_ModelStream_GetDoubles(s, (int)n, &u->array);
+}
+
+static void vis_UProp_GetSlot(vis_UPropSlot* u, vis_ModelStream* s)
+{
+    vis_ModelStream_GetIntIn(s, &u->set, 1, (1 << 5) - 1, "Stream blocks");
+    if (u->set & (1 << UP_INT)) vis_ModelStream_GetInt(s, &u->ivalue);
+    if (u->set & (1 << UP_DOUBLE)) vis_ModelStream_GetDouble(s, &u->dvalue);
+    if (u->set & (1 << UP_STRING)) {
+        int len = -1;
+        vis_ModelStream_GetIntIn(s, &len, 0, INT_MAX - 1, "Stream length");
+        vis_ModelStream_GetBytes(s, len, &u->string);
+        if (!s->ierr && (int)std::strlen(u->string) != len) vis_ModelStream_Fail(s, SYS_ERROR_FORMAT, "Stream length= %d", len);
+    }
+    if (u->set & (1 << UP_FLOAT)) vis_ModelStream_GetDouble(s, &u->fvalue);
+    if (u->set & (1 << UP_ARRAY)) vis_UProp_GetArray(u, s);
+}
+
+/* Grows a loading object to num slots; 0 after recording the failure. */
+static int vis_UProp_GrowTo(vis_UProp* up, int num, vis_ModelStream* s)
+{
+    vis_UPropSlot* slots = (vis_UPropSlot*)vsy_Realloc(up->slots, sizeof(vis_UPropSlot) * (size_t)(num > 0 ? num : 1));
+    if (!slots) {
+        vis_ModelStream_Fail(s, SYS_ERROR_MEMORY, "Malloc vec");
+        return 0;
+    }
+    std::memset(&slots[up->num], 0, sizeof(vis_UPropSlot) * (size_t)(num - up->num));
+    up->slots = slots;
+    up->num = num;
+    return 1;
+}
+
+vis_UProp* vis_UProp_StreamGet(vis_ModelStream* s)
+{
+    int num = 0, nset = 0, last = -1;
+    vis_ModelStream_GetMark(s, "VUPR");
+    vis_ModelStream_GetVersion(s, VIS_UPROP_STREAMVERSION);
+    vis_ModelStream_GetIntIn(s, &num, 0, VIS_UPROP_BLOCK, "nument");
+    vis_ModelStream_GetIntIn(s, &nset, 0, num, "Stream count");
+    if (s->ierr) return nullptr;
+    vis_UProp* up = vis_UPropNew();
+    if (!up) vis_ModelStream_Fail(s, SYS_ERROR_MEMORY, "Creation Failure");
+    /* Slots grow only up to the indices really read: num is trusted after the checksum. */
+    for (int k = 0; k < nset && !s->ierr; ++k) {
+        int index = -1;
+        vis_ModelStream_GetIntIn(s, &index, last + 1, num - 1, "index");
+        if (s->ierr || !vis_UProp_GrowTo(up, index + 1, s)) break;
+        vis_UProp_GetSlot(&up->slots[index], s);
+        last = index;
+    }
+    vis_ModelStream_GetEnd(s);
+    if (!s->ierr) vis_UProp_GrowTo(up, num, s);
+    if (s->ierr) {
+        vis_UPropDelete(up);
+        return nullptr;
+    }
+    return up;
+}
+
+void vis_UPropStreamSave(vis_UProp* up, FILE* stream)
+{
+    if (vis_Model_IsNull(up, "vis_UPropStreamSave")) return;
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    vis_UProp_StreamPut(up, &s);
+    vis_ModelStream_Report(&s, &up->ierr, "vis_UPropStreamSave");
+}
+
+/* Moves the slots of `from` into up, releasing up's old ones and the empty record from. */
+static void vis_UProp_Take(vis_UProp* up, vis_UProp* from)
+{
+    for (int i = 0; i < up->num; ++i) vis_UProp_Clear(&up->slots[i]);
+    vsy_Free(up->slots);
+    up->slots = from->slots;
+    up->num = from->num;
+    vsy_Free(from);
+}
+
+void vis_UPropStreamLoad(vis_UProp* up, FILE* stream)
+{
+    if (vis_Model_IsNull(up, "vis_UPropStreamLoad")) return;
+    vis_ModelStream s;
+    vis_ModelStream_Begin(&s, stream);
+    vis_UProp* loaded = s.ierr ? nullptr : vis_UProp_StreamGet(&s);
+    if (vis_ModelStream_Report(&s, &up->ierr, "vis_UPropStreamLoad")) vis_UProp_Take(up, loaded);
 }

@@ -6,9 +6,17 @@
  * from the block's end nearest zero (-1, -1000001, ... are index 0), and must be below `num`,
  * the owner's "Number of user values". Each index has one slot that may hold a value of every
  * block at once.
+ *
+ * Stream form (vis_UPropStreamSave, version 1), one record of the codec of vis_ModelStream.h:
+ * mark "VUPR"; version; num; the number of slots holding a value; per such slot in ascending
+ * index: index, block mask (bit 0 integers ... bit 4 array), then per bit set in block order
+ * the integer; the double; the string as its length without the end and its bytes; the float
+ * (as a double); the array as ndim, the dims and their product of doubles; the checksum.
  */
 #ifndef VIS_UPROP_H
 #define VIS_UPROP_H
+
+#include <cstdio>
 
 #define VIS_UPROP_BLOCK 1000000
 #define VIS_UPROP_LOWEST (-5 * VIS_UPROP_BLOCK)
@@ -57,6 +65,25 @@ void vis_UPropValueDouble(vis_UProp* up, int code, double* value);
 void vis_UPropValueFloat(vis_UProp* up, int code, float* value);
 void vis_UPropValueString(vis_UProp* up, int code, char* value);
 void vis_UPropValueDims(vis_UProp* up, int code, int* ndim, int* dims);
+
+/* Option of vis_UPropSetParami (and of the members' SetParami): the value is a code whose
+ * value becomes unset; an unknown option is code 2 "type= %d". */
+#define VIS_PROP_UNSET 2
+void vis_UPropSetParami(vis_UProp* up, int type, int value);
+
+/* Writes the values to a binary stream; a failed write is code 6 "Stream write". */
+void vis_UPropStreamSave(vis_UProp* up, FILE* stream);
+/* Replaces the values by those of a record written by vis_UPropStreamSave. A record that is
+ * truncated, malformed or fails its checksum is code 12 (detail "Stream truncated", "Stream
+ * mark", "Stream checksum", ...), a read failure code 6, a null stream code 5 "stream", a failed
+ * allocation code 4; then the object keeps what it held. */
+void vis_UPropStreamLoad(vis_UProp* up, FILE* stream);
+
+struct vis_ModelStream;
+/* The record of up (internal, for the members' streams). */
+void vis_UProp_StreamPut(vis_UProp* up, struct vis_ModelStream* s);
+/* A new object read from a record, or null once the stream has failed. */
+vis_UProp* vis_UProp_StreamGet(struct vis_ModelStream* s);
 
 /* Block of a code (0 integers ... 4 arrays) and index within it; -1 for a code outside. */
 int vis_UProp_Block(int code);
