@@ -21,34 +21,35 @@
 
 namespace tevtest {
 
-// What a parameter dialog showed before it was answered.
-struct DialogSeen {
+// While it lives, a timer waits for the next modal dialog of class `className` and answers it:
+// for each (object name, text) of `fields` it selects the line edit's text and types the new
+// one, then clicks OK, or Cancel when `ok` is false. `shown` and `title` tell what it saw. The
+// timer goes with the object, so a dialog that never came cannot be answered in a later test.
+class DialogAnswer
+{
+public:
+    DialogAnswer(const char* className, const std::vector<std::pair<QString, QString>>& fields, bool ok)
+        : m_className(className), m_fields(fields), m_ok(ok), m_timer(new QTimer())
+    {
+        m_timer->setInterval(20);
+        QObject::connect(m_timer.get(), &QTimer::timeout, [this]() { Poll(); });
+        m_timer->start();
+    }
+    DialogAnswer(const DialogAnswer&) = delete;
+    DialogAnswer& operator=(const DialogAnswer&) = delete;
+
     bool shown = false;
     QString title;
-};
 
-// Arms a timer that answers the next modal dialog of class `className`: for each (object name,
-// text) of `fields` it selects the line edit's text and types the new one, then clicks OK, or
-// Cancel when `ok` is false. It gives up after five seconds. Call before the event that opens it.
-inline void AnswerInputDialog(const char* className, const std::vector<std::pair<QString, QString>>& fields,
-                              bool ok, DialogSeen* seen)
-{
-    auto* timer = new QTimer();
-    timer->setInterval(20);
-    auto ticks = std::make_shared<int>(0);
-    QObject::connect(timer, &QTimer::timeout, [timer, className, fields, ok, seen, ticks]() {
+private:
+    void Poll()
+    {
         auto* dlg = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (++*ticks > 250) {
-            timer->stop();
-            timer->deleteLater();
-            return;
-        }
-        if (!dlg || !dlg->isVisible() || !dlg->inherits(className)) return;
-        timer->stop();
-        timer->deleteLater();
-        seen->shown = true;
-        seen->title = dlg->windowTitle();
-        for (const auto& field : fields) {
+        if (!dlg || !dlg->isVisible() || !dlg->inherits(m_className)) return;
+        m_timer->stop();
+        shown = true;
+        title = dlg->windowTitle();
+        for (const auto& field : m_fields) {
             auto* edit = dlg->findChild<QLineEdit*>(field.first);
             if (!edit) {
                 ADD_FAILURE() << "no field " << field.first.toStdString();
@@ -63,10 +64,14 @@ inline void AnswerInputDialog(const char* className, const std::vector<std::pair
             dlg->reject();
             return;
         }
-        QTest::mouseClick(buttons->button(ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel), Qt::LeftButton);
-    });
-    timer->start();
-}
+        QTest::mouseClick(buttons->button(m_ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel), Qt::LeftButton);
+    }
+
+    const char* m_className;
+    std::vector<std::pair<QString, QString>> m_fields;
+    bool m_ok;
+    std::unique_ptr<QTimer> m_timer;
+};
 
 // One document shape as undo must restore it.
 struct ShapeRecord {

@@ -38,8 +38,7 @@ TEST_F(DrawExtrudeOpTest, ThreeSelectedLinesGiveThreeFacesInOneTransaction)
     CtrlClick(gp_Pnt(10, 40, 0));
     ASSERT_EQ(Sel().size(), 3u);
 
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("15"), true, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("15"), true);
     Confirm();
     EXPECT_TRUE(dialog.shown);
 
@@ -72,8 +71,7 @@ TEST_F(DrawExtrudeOpTest, EscapeDuringThePickOpensTheDialogWithTheSelection)
     Start(&op);
     Click(gp_Pnt(10, 10, 0));
     ASSERT_EQ(Sel().size(), 1u);
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("12.5"), true, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("12.5"), true);
     Escape();
     EXPECT_TRUE(dialog.shown);
     EXPECT_EQ(Current(), &op);
@@ -98,8 +96,7 @@ TEST_F(DrawExtrudeOpTest, ARectangleWireGivesTheSideWallsAndANegativeHeightGoesD
     Start(&op);
     Click(gp_Pnt(20, 0, 0));
     ASSERT_EQ(Sel().size(), 1u);
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("-10"), true, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("-10"), true);
     Confirm();
     ASSERT_EQ(All().size(), 2u);
     EXPECT_EQ(Count(All()[1], TopAbs_FACE), 4);
@@ -120,8 +117,7 @@ TEST_F(DrawExtrudeOpTest, ZeroHeightIsRefusedVerbatimAndChangesNothing)
     DrawExtrudeOp op;
     Start(&op);
     Click(gp_Pnt(20, 0, 0));
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("0"), true, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("0"), true);
     tevtest::BoxSeen box;
     tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
     Confirm();
@@ -140,8 +136,7 @@ TEST_F(DrawExtrudeOpTest, CancelMakesNothingAndEscapeThenLeavesWithoutAPrompt)
     DrawExtrudeOp op;
     Start(&op);
     Click(gp_Pnt(20, 0, 0));
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("15"), false, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("15"), false);
     Escape();
     EXPECT_TRUE(dialog.shown);
     EXPECT_EQ(All().size(), 1u);
@@ -157,8 +152,7 @@ TEST_F(DrawExtrudeOpTest, WithNothingSelectedTheDialogStillOpensAndNothingIsMade
     const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
     DrawExtrudeOp op;
     Start(&op);
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("ExtrudInputDlg", Height("15"), true, &dialog);
+    tevtest::DialogAnswer dialog("ExtrudInputDlg", Height("15"), true);
     Confirm();
     EXPECT_TRUE(dialog.shown);
     EXPECT_TRUE(All().empty());

@@ -25,12 +25,11 @@ TEST_F(DrawRevolveOpTest, ATriangleTurnedFullyAboutATypedAxisHasPappusVolume)
     const std::vector<tevtest::ShapeRecord> before = Snapshot();
 
     tevtest::PromptLog log;
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("rotateInputDlg",
-                               {{"lineEdit_PointX", "0"}, {"lineEdit_PointY", "-10"}, {"lineEdit_PointZ", "0"},
+    tevtest::DialogAnswer dialog("rotateInputDlg",
+                                 {{"lineEdit_PointX", "0"}, {"lineEdit_PointY", "-10"}, {"lineEdit_PointZ", "0"},
                                 {"lineEdit_DirX", "1"}, {"lineEdit_DirY", "0"}, {"lineEdit_DirZ", "0"},
                                 {"lineEdit_Angle", "360"}},
-                               true, &dialog);
+                               true);
     DrawRevolveOp op;
     Start(&op);
     EXPECT_TRUE(dialog.shown);
@@ -59,9 +58,8 @@ TEST_F(DrawRevolveOpTest, CancelRevolvesAboutTheDefaultAxisByAFullTurn)
     DrawTriangle(gp_Pnt(10, 10, 0), gp_Pnt(30, 10, 0), gp_Pnt(10, 30, 0));
     Click(gp_Pnt(15, 15, 0));
     ASSERT_EQ(Sel().size(), 1u);
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("rotateInputDlg", {{"lineEdit_PointY", "50"}, {"lineEdit_Angle", "90"}}, false,
-                               &dialog);
+    tevtest::DialogAnswer dialog("rotateInputDlg", {{"lineEdit_PointY", "50"}, {"lineEdit_Angle", "90"}},
+                                 false);
     DrawRevolveOp op;
     Start(&op);
     EXPECT_TRUE(dialog.shown);
@@ -75,12 +73,12 @@ TEST_F(DrawRevolveOpTest, NothingSelectedIsToldVerbatimAndChangesNothing)
     SelectionMgr::GetInstance()->ClearSelList();
     const std::vector<tevtest::ShapeRecord> before = Snapshot();
     const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("rotateInputDlg", {}, true, &dialog);
+    tevtest::DialogAnswer dialog("rotateInputDlg", {}, true);
     tevtest::BoxSeen box;
     tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
     DrawRevolveOp op;
     Start(&op);
+    EXPECT_TRUE(dialog.shown);
     ASSERT_TRUE(box.shown);
     EXPECT_EQ(box.title, "Title");
     EXPECT_EQ(box.text, "Nothing is Selected");
@@ -103,12 +101,12 @@ TEST_F(DrawRevolveOpTest, ASolidIsRefusedVerbatimAndChangesNothing)
     ASSERT_EQ(Sel()[0]->ShapeType(), TopAbs_SOLID);
     const std::vector<tevtest::ShapeRecord> before = Snapshot();
     const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
-    tevtest::DialogSeen dialog;
-    tevtest::AnswerInputDialog("rotateInputDlg", {}, true, &dialog);
+    tevtest::DialogAnswer dialog("rotateInputDlg", {}, true);
     tevtest::BoxSeen box;
     tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
     DrawRevolveOp op;
     Start(&op);
+    EXPECT_TRUE(dialog.shown);
     ASSERT_TRUE(box.shown);
     EXPECT_EQ(box.title, "Error");
     EXPECT_EQ(box.text, "Solid can't be revolved");
