@@ -37,6 +37,22 @@ protected:
         EXPECT_EQ(Current(), nullptr);
         return dialog.shown;
     }
+    // Extrudes the current selection as ExtrudeWith(height) does and expects the error box
+    // `text`, the height dialog shown or not as `dialogExpected` says, and the document and the
+    // selection as they were.
+    void ExpectRefused(const QString& height, const char* text, bool dialogExpected)
+    {
+        const std::vector<tevtest::ShapeRecord> before = Snapshot();
+        const size_t selected = Sel().size();
+        tevtest::BoxSeen box;
+        tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
+        EXPECT_EQ(ExtrudeWith(height), dialogExpected);
+        ASSERT_TRUE(box.shown);
+        EXPECT_EQ(box.title, "Error");
+        EXPECT_EQ(box.text, text);
+        ExpectSameDocument(before, Snapshot());
+        EXPECT_EQ(Sel().size(), selected);
+    }
     // Midpoints of the rectangle's sides.
     const gp_Pnt bottom = gp_Pnt(20, 0, 0), right = gp_Pnt(40, 15, 0), top = gp_Pnt(20, 30, 0),
                  left = gp_Pnt(0, 15, 0);
@@ -93,31 +109,14 @@ TEST_F(DrawExtrudeByLoopOpTest, EdgesInANonChainedOrderAreNotALoop)
     DrawFourLines();
     // The top side does not touch the bottom one selected before it.
     Select({bottom, top, right, left});
-    const std::vector<tevtest::ShapeRecord> before = Snapshot();
-    tevtest::BoxSeen box;
-    tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
-    const bool dialogShown = ExtrudeWith("5");
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Edges are not a loop or connected");
-    EXPECT_FALSE(dialogShown);
-    ExpectSameDocument(before, Snapshot());
-    EXPECT_EQ(Sel().size(), 4u);
+    ExpectRefused("5", "Edges are not a loop or connected", false);
 }
 
 TEST_F(DrawExtrudeByLoopOpTest, AnOpenWireBuildsButIsNotClosed)
 {
     DrawFourLines();
     Select({bottom, right, top});
-    const std::vector<tevtest::ShapeRecord> before = Snapshot();
-    tevtest::BoxSeen box;
-    tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
-    const bool dialogShown = ExtrudeWith("5");
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Edges are not closed");
-    EXPECT_FALSE(dialogShown);
-    ExpectSameDocument(before, Snapshot());
+    ExpectRefused("5", "Edges are not closed", false);
 }
 
 TEST_F(DrawExtrudeByLoopOpTest, NothingSelectedIsToldAndTheOperationLeaves)
@@ -140,15 +139,7 @@ TEST_F(DrawExtrudeByLoopOpTest, AHeightOfZeroOrLessIsRefused)
 {
     DrawFourLines();
     Select({bottom, right, top, left});
-    const std::vector<tevtest::ShapeRecord> before = Snapshot();
-    tevtest::BoxSeen box;
-    tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
-    const bool dialogShown = ExtrudeWith("-5");
-    EXPECT_TRUE(dialogShown);
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Height error input");
-    ExpectSameDocument(before, Snapshot());
+    ExpectRefused("-5", "Height error input", true);
 }
 
 TEST_F(DrawExtrudeByLoopOpTest, EdgesOfAWireAreNoDocumentShapesAndAreToldOncePerEdge)

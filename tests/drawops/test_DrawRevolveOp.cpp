@@ -11,7 +11,33 @@ using tevtest::Lines;
 
 namespace {
 
-using DrawRevolveOpTest = tevtest::SweepOpTest;
+class DrawRevolveOpTest : public tevtest::SweepOpTest
+{
+protected:
+    // Starts a revolution with the current selection, OK in the dialog, and expects the box
+    // `title`, `text` and a document as before, the operation still on the stack.
+    void ExpectRefused(const char* title, const char* text)
+    {
+        const std::vector<tevtest::ShapeRecord> before = Snapshot();
+        const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
+        tevtest::DialogAnswer dialog("rotateInputDlg", {}, true);
+        tevtest::BoxSeen box;
+        tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
+        DrawRevolveOp op;
+        Start(&op);
+        EXPECT_TRUE(dialog.shown);
+        ASSERT_TRUE(box.shown);
+        EXPECT_EQ(box.title, title);
+        EXPECT_EQ(box.text, text);
+        EXPECT_EQ(Current(), &op);
+        // The transaction is left open holding no change (the box's own events may already have
+        // let the widget commit it): closing it adds no undo step.
+        ShapeDocMgr::GetInstance()->EndTransaction();
+        EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), undos);
+        ExpectSameDocument(before, Snapshot());
+        Escape();
+    }
+};
 
 TEST_F(DrawRevolveOpTest, ATriangleTurnedFullyAboutATypedAxisHasPappusVolume)
 {
@@ -71,23 +97,7 @@ TEST_F(DrawRevolveOpTest, NothingSelectedIsToldVerbatimAndChangesNothing)
 {
     DrawTriangle(gp_Pnt(10, 0, 0), gp_Pnt(30, 0, 0), gp_Pnt(10, 20, 0));
     SelectionMgr::GetInstance()->ClearSelList();
-    const std::vector<tevtest::ShapeRecord> before = Snapshot();
-    const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
-    tevtest::DialogAnswer dialog("rotateInputDlg", {}, true);
-    tevtest::BoxSeen box;
-    tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
-    DrawRevolveOp op;
-    Start(&op);
-    EXPECT_TRUE(dialog.shown);
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Title");
-    EXPECT_EQ(box.text, "Nothing is Selected");
-    // The transaction is left open holding no change (the box's own events may already have let
-    // the widget commit it): closing it adds no undo step.
-    ShapeDocMgr::GetInstance()->EndTransaction();
-    EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), undos);
-    ExpectSameDocument(before, Snapshot());
-    EXPECT_EQ(Current(), &op);
+    ExpectRefused("Title", "Nothing is Selected");
 }
 
 TEST_F(DrawRevolveOpTest, ASolidIsRefusedVerbatimAndChangesNothing)
@@ -99,22 +109,7 @@ TEST_F(DrawRevolveOpTest, ASolidIsRefusedVerbatimAndChangesNothing)
     Click(gp_Pnt(20, 20, 10));
     ASSERT_EQ(Sel().size(), 1u);
     ASSERT_EQ(Sel()[0]->ShapeType(), TopAbs_SOLID);
-    const std::vector<tevtest::ShapeRecord> before = Snapshot();
-    const int undos = ShapeDocMgr::GetInstance()->GetAvailableUndos();
-    tevtest::DialogAnswer dialog("rotateInputDlg", {}, true);
-    tevtest::BoxSeen box;
-    tevtest::AnswerNextMessageBox(QMessageBox::Ok, &box);
-    DrawRevolveOp op;
-    Start(&op);
-    EXPECT_TRUE(dialog.shown);
-    ASSERT_TRUE(box.shown);
-    EXPECT_EQ(box.title, "Error");
-    EXPECT_EQ(box.text, "Solid can't be revolved");
-    // The transaction is left open holding no change (the box's own events may already have let
-    // the widget commit it): closing it adds no undo step.
-    ShapeDocMgr::GetInstance()->EndTransaction();
-    EXPECT_EQ(ShapeDocMgr::GetInstance()->GetAvailableUndos(), undos);
-    ExpectSameDocument(before, Snapshot());
+    ExpectRefused("Error", "Solid can't be revolved");
 }
 
 }  // namespace
