@@ -7,6 +7,10 @@
 #include "SweepOpTest.h"
 
 #include <BRepAdaptor_Surface.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakeSolid.hxx>
+#include <BRepBuilderAPI_MakeWire.hxx>
+#include <BRepBuilderAPI_Sewing.hxx>
 #include <TopExp_Explorer.hxx>
 #include <gp_Cylinder.hxx>
 
@@ -36,6 +40,21 @@ protected:
         ASSERT_EQ(All().size(), 2u);
         SelectionMgr::GetInstance()->ClearSelList();
     }
+    // The volume that `wall` bounds once each of its circular edges is closed by a disc.
+    static double CappedVolume(const TopoDS_Shape& wall)
+    {
+        BRepBuilderAPI_Sewing sewing;
+        sewing.Add(wall);
+        for (TopExp_Explorer e(wall, TopAbs_EDGE); e.More(); e.Next()) {
+            const TopoDS_Edge edge = TopoDS::Edge(e.Current());
+            if (BRepAdaptor_Curve(edge).GetType() != GeomAbs_Circle) continue;
+            sewing.Add(BRepBuilderAPI_MakeFace(BRepBuilderAPI_MakeWire(edge).Wire(), Standard_True).Face());
+        }
+        sewing.Perform();
+        TopExp_Explorer shell(sewing.SewedShape(), TopAbs_SHELL);
+        if (!shell.More()) return 0.0;
+        return std::abs(Volume(BRepBuilderAPI_MakeSolid(TopoDS::Shell(shell.Current())).Solid()));
+    }
     const gp_Pnt onCircle = gp_Pnt(20, 0, 0);
     const gp_Pnt onLine = gp_Pnt(0, 0, 30);
     const gp_Pnt empty = gp_Pnt(-60, 0, -40);
@@ -61,8 +80,8 @@ TEST_F(DrawPipeOpTest, ACircleSweptAlongALineGivesTheCylinder)
     Confirm();
 
     // An edge profile sweeps the cylinder's wall: radius 20 along the 60 of the line, a
-    // cylindrical face about the z axis of area 2 pi * 20 * 60 = 2400 pi. Capped by the two discs
-    // of pi * 20^2 it would bound pi * 20^2 * 60 = 24000 pi.
+    // cylindrical face about the z axis of area 2 pi * 20 * 60 = 2400 pi. Capped by the discs on
+    // its two circles it bounds the cylinder of pi * 20^2 * 60 = 24000 pi.
     ASSERT_EQ(All().size(), 3u);
     const TopoDS_Shape pipe = All()[2];
     EXPECT_NEAR(Area(pipe), 2400.0 * M_PI, 1e-6);
@@ -72,7 +91,7 @@ TEST_F(DrawPipeOpTest, ACircleSweptAlongALineGivesTheCylinder)
     ASSERT_EQ(surface.GetType(), GeomAbs_Cylinder);
     EXPECT_NEAR(surface.Cylinder().Radius(), 20.0, 1e-9);
     EXPECT_TRUE(surface.Cylinder().Axis().Direction().IsParallel(gp_Dir(0, 0, 1), 1e-9));
-    EXPECT_NEAR(M_PI * 20 * 20 * (Area(pipe) / (2 * M_PI * 20)), 24000.0 * M_PI, 1e-6);
+    EXPECT_NEAR(CappedVolume(pipe), 24000.0 * M_PI, 1e-3);
     EXPECT_FALSE(ShapeDocMgr::GetInstance()->HasOpenTransaction());
     ExpectUndoRedo(before, Snapshot());
 
@@ -82,6 +101,27 @@ TEST_F(DrawPipeOpTest, ACircleSweptAlongALineGivesTheCylinder)
     Escape();
     EXPECT_EQ(Current(), nullptr);
     EXPECT_EQ(log.lines, (Lines{"Sweep : Cancel", "Sweep : Done"}));
+}
+
+TEST_F(DrawPipeOpTest, ConfirmStartsTheProfilePickAndTheSecondConfirmEndsTheOperationToo)
+{
+    DrawCircleAndLine();
+    tevtest::PromptLog log;
+    DrawPipeOp op;
+    Start(&op);
+    Click(onLine);
+    // First showing of the menu, one run: the path child ends and the profile child is on top.
+    Confirm();
+    ASSERT_NE(dynamic_cast<PickPointGeneral*>(Current()), nullptr);
+    Click(onCircle);
+    log.Clear();
+    // Second showing, two runs: the first ends the profile child and sweeps, the second ends
+    // the operation itself, which cancels nothing and only finishes.
+    Confirm();
+    EXPECT_EQ(Current(), nullptr);
+    EXPECT_EQ(log.lines, (Lines{"Pick Done:", "Sweep : Done"}));
+    ASSERT_EQ(All().size(), 3u);
+    EXPECT_NEAR(Area(All()[2]), 2400.0 * M_PI, 1e-6);
 }
 
 TEST_F(DrawPipeOpTest, NothingSelectedForTheProfileIsToldAndLeavesTheOperationInert)
