@@ -18,7 +18,7 @@ void DrawLineOp::InitAction(TevBasicViewer*)
 {
     m_bStep1 = false;
     m_bStep2 = false;
-    Prompt("Line : Input start point");
+    PromptFirstPoint();
 }
 
 bool DrawLineOp::MovePoint(TevBasicViewer* viewer, const double point[3])
@@ -38,7 +38,7 @@ bool DrawLineOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
 {
     if (!m_bStep1) {
         // The prompt for the end point comes before the start point is taken.
-        Prompt("Line : Input end point");
+        PromptSecondPoint();
         m_Point1 = PickPoint(viewer, point);
         m_bStep1 = true;
         m_PointList.push_back(m_Point1);
@@ -53,12 +53,27 @@ bool DrawLineOp::LButtonUp(TevBasicViewer* viewer, const double point[3])
             m_bStep1 = true;
             Prompt("Line : Input end point");
         } else {
-            Prompt("Line: Done");
-            Prompt("Line : Input start point");
+            PromptLineDone();
             FinishCurrentOp(viewer);
         }
     }
     return false;
+}
+
+void DrawLineOp::PromptFirstPoint()
+{
+    Prompt("Line : Input start point");
+}
+
+void DrawLineOp::PromptSecondPoint()
+{
+    Prompt("Line : Input end point");
+}
+
+void DrawLineOp::PromptLineDone()
+{
+    Prompt("Line: Done");
+    Prompt("Line : Input start point");
 }
 
 void DrawLineOp::PerformDraw(TevBasicViewer* viewer)

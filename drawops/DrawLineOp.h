@@ -33,8 +33,15 @@ public:
     // consecutive points and, for three or more, the closing one back to the first.
     void PerformDrawLineList(std::vector<gp_Pnt>& points, TevBasicViewer* viewer);
 
-private:
+protected:
+    // The prompts around a line: at the start, after the first click, and after the line was
+    // made. The loft operation, a line under other texts, replaces them.
+    virtual void PromptFirstPoint();
+    virtual void PromptSecondPoint();
+    virtual void PromptLineDone();
     void PerformDraw(TevBasicViewer* viewer);
+
+private:
 
     bool m_bStep1;
     bool m_bStep2;
