@@ -157,7 +157,11 @@ void MenuAnswer::Poll()
     ++m_depth;
     m_lastMenu = menu;
     m_done = !chosen->menu();
-    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(chosen).center());
+    // Chosen from the keyboard: a mouse click on a popup can be lost to a late focus change of
+    // a loaded X server, while the active action and Return always reach the menu.
+    if (m_done) QObject::connect(chosen, &QAction::triggered, m_timer, [this]() { m_triggered = true; });
+    menu->setActiveAction(chosen);
+    QTest::keyClick(menu, Qt::Key_Return);
 }
 
 QTimer* AnswerNextDialog(const char* className, const std::vector<FieldText>& fields, bool ok, DialogSeen* seen)

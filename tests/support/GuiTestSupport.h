@@ -79,7 +79,7 @@ bool ActivateAndWait(QWidget* widget);
 
 // While it lives, a timer waits for the next popup menu, records its entries into `seen`, and
 // then chooses the entry that `path` names (texts from the top menu down through sub-menus) by
-// mouse clicks on the menus, or closes the menu with Escape when `path` is empty. Make it before
+// its active action and Return, or closes the menu with Escape when `path` is empty. Make it before
 // the event that opens the menu.
 class MenuAnswer
 {
@@ -88,6 +88,8 @@ public:
     ~MenuAnswer();
     MenuAnswer(const MenuAnswer&) = delete;
     MenuAnswer& operator=(const MenuAnswer&) = delete;
+    // Whether the last entry of `path` was triggered: false when the menu closed before.
+    bool Triggered() const { return m_triggered; }
 
 private:
     void Poll();
@@ -98,6 +100,7 @@ private:
     QWidget* m_lastMenu = nullptr;  // the menu answered last, while its sub-menu opens
     int m_depth = 0;                // entries of `path` chosen so far
     bool m_done = false;
+    bool m_triggered = false;
 };
 
 // What a modal dialog showed before it was answered: its title and, by object name, whether
