@@ -1,0 +1,81 @@
+/* Grid points and coordinate systems of the NASTRAN deck, both in large-field form. */
+#include "vis_CoordSys.h"
+#include "vis_NASFwtInternal.h"
+#include "vsy_Field.h"
+#include "vsy_HashTable.h"
+#include "vsy_RealText.h"
+
+namespace {
+
+/* A coordinate of a grid point: always the exponent form at full precision, 16 columns. */
+void Coordinate(FILE* fp, double value)
+{
+    char text[VSY_REALTEXT_LEN];
+    vsy_RealToExp(value, 16, 0, 1, 0, text);
+    std::fprintf(fp, "%16s", text);
+}
+
+void GridCard(FILE* fp, int id, const double x[3], int csysid)
+{
+    std::fprintf(fp, "GRID*   %16d%16d", id, 0);
+    Coordinate(fp, x[0]);
+    Coordinate(fp, x[1]);
+    std::fputs("\n*       ", fp);
+    Coordinate(fp, x[2]);
+    std::fprintf(fp, "%16d\n", csysid);
+}
+
+const char* CordName(int type)
+{
+    switch (type) {
+    case 1: return "CORD2R* ";
+    case 2: return "CORD2C* ";
+    case 4: return "CORD2S* ";
+    default: return nullptr;
+    }
+}
+
+/* Origin, a point on the z axis (B) and a point on the x axis (C), three large-field lines. */
+void CordCard(FILE* fp, int id, const vis_CoordSys* cs)
+{
+    if (const char* name = CordName(cs->type)) std::fprintf(fp, "%s%16d%16d", name, id, 0);
+    const double* o = cs->origin;
+    const double* t = cs->triad;
+    const double b[3] = {o[0] + t[6], o[1] + t[7], o[2] + t[8]};
+    const double c[3] = {o[0] + t[0], o[1] + t[1], o[2] + t[2]};
+    vsy_FieldLarge(fp, 0, 2, o, 1);
+    std::fputs("*       ", fp);
+    vsy_FieldLarge(fp, 0, 1, o + 2, 0);
+    vsy_FieldLarge(fp, 0, 3, b, 1);
+    std::fputs("*       ", fp);
+    vsy_FieldLarge(fp, 0, 3, c, 1);
+}
+
+}  // namespace
+
+void vis_NASFwt_Grid(vis_NASFwt* nas)
+{
+    vis_Writer* w = &nas->w;
+    std::fputs("$          Grid points\n", w->fp);
+    for (int i = 1; i <= w->numnp; ++i) {
+        const int featype = vis_Writer_NodeAssoc(w, 0, i);
+        if (featype == 2) std::fprintf(w->fp, "SPOINT  %8d\n", vis_Writer_NodeId(w, i));
+        if (featype != 1) continue;
+        double x[3];
+        vis_Writer_Coords(w, i, x);
+        GridCard(w->fp, vis_Writer_NodeId(w, i), x, vis_Writer_NodeAssoc(w, 4, i));
+    }
+}
+
+void vis_NASFwt_CoordSys(vis_NASFwt* nas)
+{
+    std::fputs("$          Coordinate systems\n", nas->w.fp);
+    vsy_HashTableInitIter(nas->coordsys);
+    int key = 0;
+    void* value = nullptr;
+    for (;;) {
+        vsy_HashTableNextIter(nas->coordsys, &key, &value);
+        if (!value) break;
+        CordCard(nas->w.fp, key, static_cast<const vis_CoordSys*>(value));
+    }
+}
