@@ -188,3 +188,148 @@ TEST_F(NASFwtTest, ShapesWithoutCard)
 }
 
 }  // namespace
+
+namespace {
+
+// Properties, element data and the deck of quadratic solids and shells with thicknesses.
+class NASFwtCardTest : public NASFwtTest {
+protected:
+    void TearDown() override
+    {
+        for (vis_EProp* p : props) vis_EPropDelete(p);
+        if (eprops) vsy_HashTableDelete(eprops);
+        if (elemdats) vsy_HashTableDelete(elemdats);
+        if (thick) vis_ElemDatDelete(thick);
+        NASFwtTest::TearDown();
+    }
+    vis_EProp* Prop(int id, int type)
+    {
+        if (!eprops) {
+            eprops = vsy_HashTableNew();
+            vis_ModelSetHashTable(model, SYS_EPROP, eprops);
+        }
+        vis_EProp* p = vis_EPropNew();
+        vis_EPropDef(p, type);
+        props.push_back(p);
+        vsy_HashTableInsert(eprops, id, p);
+        return p;
+    }
+    void Thickness(int elem, std::vector<double> t)
+    {
+        if (!thick) {
+            thick = vis_ElemDatNew();
+            vis_ElemDatDef(thick, 20, VIS_ELEMDAT_THICKNESS, 8);
+            elemdats = vsy_HashTableNew();
+            vsy_HashTableInsert(elemdats, VIS_ELEMDAT_THICKNESS, thick);
+            vis_ModelSetHashTable(model, SYS_ELEMDAT, elemdats);
+        }
+        vis_ElemDatSetDatadv(thick, elem, static_cast<int>(t.size()), t.data());
+    }
+    std::vector<vis_EProp*> props;
+    vsy_HashTable* eprops = nullptr;
+    vsy_HashTable* elemdats = nullptr;
+    vis_ElemDat* thick = nullptr;
+};
+
+std::vector<int> Range(int n)
+{
+    std::vector<int> v(n);
+    for (int i = 0; i < n; ++i) v[i] = i + 1;
+    return v;
+}
+
+// The elements part of a deck: from the section's comment line to the end of the file.
+std::string ElementsOf(const std::string& deck)
+{
+    const size_t at = deck.find("$          Elements\n");
+    return at == std::string::npos ? "(no elements)" : deck.substr(at);
+}
+
+TEST_F(NASFwtCardTest, QuadraticSolidsShellsSpringsMass)
+{
+    // Twenty nodes without featype (no grid cards), ids 101 to 120.
+    std::vector<MeshNode> nodes;
+    for (int i = 1; i <= 20; ++i) nodes.push_back({{0.0, 0.0, 0.0}, 100 + i, 0, 0});
+    const int mask0 = 1 << 16;  // edge 0 of the tetrahedron has no midside node
+    Use(BuildMesh(nodes, {{SYS_SHAPE_HEX, 3, 0, 1, 5, 1, Range(20)},
+                          {SYS_SHAPE_WED, 3, 0, 1, 5, 2, Range(15)},
+                          {SYS_SHAPE_TET, 3, mask0, 1, 5, 3, {1, 2, 3, 4, 6, 7, 8, 9, 10}},
+                          {SYS_SHAPE_TRI, 3, 0, 1, 5, 4, Range(6)},
+                          {SYS_SHAPE_QUAD, 3, 0, 1, 5, 5, Range(8)},
+                          {SYS_SHAPE_TRI, 3, 3, 2, 6, 6, Range(6)},
+                          {SYS_SHAPE_QUAD, 3, 0, 2, 7, 7, Range(8)},
+                          {SYS_SHAPE_TRI, 0, 0, 2, 8, 8, Range(3)},
+                          {SYS_SHAPE_QUAD, 0, 0, 3, 7, 9, Range(4)},
+                          {SYS_SHAPE_TRI, 0, 0, 2, 8, 10, Range(3)},
+                          {SYS_SHAPE_QUAD, 3, 0, 2, 8, 11, Range(8)},
+                          {SYS_SHAPE_LINE, 0, 0, 9, 9, 12, {1, 2}},
+                          {SYS_SHAPE_LINE, 0, 0, 9, 9, 13, {1, 1}, 0, 3},
+                          {SYS_SHAPE_POINT, 0, 0, 13, 10, 14, {1}, 0, 0, 3},
+                          {SYS_SHAPE_TRI, 3, 0, 2, 8, 15, Range(6)}}));
+    const double t7[4] = {0.01, 0.01, 0.01, 0.01};
+    vis_EProp* p7 = Prop(7, 2);
+    vis_EPropSetValuedv(p7, 7, t7);
+    vis_EPropSetValuec(p7, 66 + SYS_SHAPE_QUAD, "CQUADR");
+    const double t8[4] = {0.005, 0.005, 0.005, 0.005};
+    vis_EPropSetValuedv(Prop(8, 2), 7, t8);
+    vis_EProp* p9 = Prop(9, 9);
+    vis_EPropSetValuei(p9, 49, 1);
+    vis_EPropSetValuei(p9, 50, 2);
+    const double mass[3] = {2.5, 2.5, 2.5};
+    vis_EPropSetValuedv(Prop(10, 13), 51, mass);
+    Thickness(7, {0.01, 0.02, 0.03, 0.04, 0.0, 0.0, 0.0, 0.0});
+    Thickness(9, {0.01, 0.01, 0.0100001, 0.01});
+    Thickness(10, {0.005, 0.006, 0.005});
+    Thickness(15, {0.005, 0.005, 0.007, 0.0, 0.0, 0.0});
+    ASSERT_TRUE(Reports().empty());
+
+    std::string want = "$          Elements\n";
+    // Hexahedron of order 3: nodes 1 to 6; 7 to 12, 17, 18; 19, 20, 13, 14, 15, 16 (ids +100).
+    want += "CHEXA   " + I8(1) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + I8(109) + I8(110) + I8(111) + I8(112) + I8(117) + I8(118) + "\n";
+    want += kBlank8 + I8(119) + I8(120) + I8(113) + I8(114) + I8(115) + I8(116) + "\n";
+    // Wedge of order 3: 1 to 6; 7, 8, 9, 13, 14, 15, 10, 11; 12.
+    want += "CPENTA  " + I8(2) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + I8(109) + I8(113) + I8(114) + I8(115) + I8(110) + I8(111) + "\n";
+    want += kBlank8 + I8(112) + "\n";
+    // Tetrahedron of order 3 with edge 0 masked: the stored nine nodes are the corners and the
+    // midside nodes of edges 1 to 5; position 5 (edge 0) is written as 0.
+    want += "CTETRA  " + I8(3) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(0) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + I8(109) + I8(110) + "\n";
+    // Solid triangle and quadrilateral of order 3.
+    want += "CTRIA6  " + I8(4) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += "CQUAD8  " + I8(5) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + "\n";
+    // Lagrange triangle (maxj 3) as a shell: stored 1, 3, 6, 2, 5, 4 are corners, then the
+    // midside nodes; property 6 is not in the table, so no thickness of its own.
+    want += "CTRIA6  " + I8(6) + I8(6) + I8(101) + I8(103) + I8(106) + I8(102) + I8(105) + I8(104) + "\n";
+    // Shell quadrilateral of order 3, property 7 (thickness .01, quad name CQUADR), its own
+    // corner thicknesses .01 .02 .03 .04: fixed forms ".01" ... in seven columns and a blank,
+    // after nodes 7 and 8; then the empty "%8s".
+    want += "CQUADR  " + I8(7) + I8(7) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + "    .01     .02     .03     .04 " + kBlank8 + "\n";
+    // Shell triangle of property 8 (.005) without element data: no thickness line.
+    want += "CTRIA3  " + I8(8) + I8(8) + I8(101) + I8(102) + I8(103) + kBlank8 + "\n";
+    // Membrane quadrilateral of property 7: one corner 1e-7 off, within 2e-7: no thickness.
+    want += "CQUADR  " + I8(9) + I8(7) + I8(101) + I8(102) + I8(103) + I8(104) + kBlank8 + "\n";
+    // Shell triangle with corners .005 .006 .005: three empty fields and three values.
+    want += "CTRIA3  " + I8(10) + I8(8) + I8(101) + I8(102) + I8(103) + kBlank8 + "\n";
+    want += kBlank8 + kBlank8 + kBlank8 + "   .005    .006    .005 \n";
+    // Shell quadrilateral of order 3 without own thickness: four empty fields, then "%8s".
+    want += "CQUAD8  " + I8(11) + I8(8) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + I8(107) + I8(108) + kBlank8 + kBlank8 + kBlank8 + kBlank8 + kBlank8 + "\n";
+    // Spring, feaspec 0, two nodes: dofs 1 and 2 from parameters 49 and 50.
+    want += "CELAS1  " + I8(12) + I8(9) + I8(101) + I8(1) + I8(102) + I8(2) + "\n";
+    // Spring, feaspec 3, the same node twice: the one-node form.
+    want += "CBUSH   " + I8(13) + I8(9) + I8(101) + "\n";
+    // Mass 2.5 ("2.500000" trimmed to "2.5") with the element's csysid 3.
+    want += "CONM2   " + I8(14) + I8(101) + I8(3) + "    2.5 \n";
+    // Shell CTRIA6 with corners .005 .005 .007: "        ", the empty "%8s", one empty field.
+    want += "CTRIA6  " + I8(15) + I8(8) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
+    want += kBlank8 + kBlank8 + kBlank8 + "   .005    .005    .007 \n";
+    want += "ENDDATA\n";
+    EXPECT_EQ(ElementsOf(Write(model, File("cards.bdf"))), want);
+    ExpectNoReport();
+}
+
+}  // namespace
