@@ -10,8 +10,9 @@
  * replaced by indices (vis_GridFunIdCheck). Elements with id 0 take ids above the largest one.
  *
  * Not yet written: property, material, load, initial condition, restraint and multipoint
- * constraint cards; beam, gap, rigid and interface elements; quadratic pyramids (a linear
- * pyramid is a CHEXA with its apex four times); vis_NASFwtWriteState.
+ * constraint cards; interface elements on the face of a solid (lines and plane forms are
+ * written); quadratic pyramids (a linear pyramid is a CHEXA with its apex four times); Lagrange
+ * quadrilaterals and solids, which no card of this deck holds; vis_NASFwtWriteState.
  */
 #ifndef VIS_NASFWT_H
 #define VIS_NASFWT_H

@@ -1,5 +1,5 @@
 /* Element cards of the NASTRAN deck: solids, shells and membranes, rods, concentrated masses
- * and springs. Node positions in the card tables count from 1 in the library's node order. */
+ * and springs; beams, gaps, rigid and interface elements are in vis_NASFwtLink.cpp. Node positions in the card tables count from 1 in the library's node order. */
 #include "vis_EProp.h"
 #include "vis_ElemDat.h"
 #include "vis_ElemTopology.h"
@@ -13,17 +13,9 @@
 
 namespace {
 
-/* Room for an element's nodes: the largest form plus the pyramid's expansion to eight. */
-constexpr int kMaxNode = VIS_ELEM_MAXNODE + 8;
+using Elem = vis_NASFwt_Elem;
+constexpr int kMaxNode = VIS_NASFWT_MAXNODE;
 constexpr double kThicknessTol = 2e-7;
-
-struct Elem {
-    int index, id, shape, maxi, maxj, maxk;
-    int n;               /* nodes in node[] */
-    int node[kMaxNode];  /* node ids (0 for an absent midside node) */
-    int propid, csysid, featype, feaspec, featwod;
-    vis_EProp* prop;     /* the element's property, or null */
-};
 
 /* Corners and edges of shapes 2 to 7 (tri, quad, tet, pyramid, wedge, hexahedron). */
 constexpr int kCorners[8] = {1, 2, 3, 4, 4, 5, 6, 8};
@@ -64,6 +56,7 @@ bool Read(vis_NASFwt* nas, int index, Elem* e)
     vis_Writer_Topology(w, index, &e->shape, &e->maxi, &e->maxj, &e->maxk);
     vis_Writer_ElemNode(w, index, &e->n, e->node);
     if (e->n < 1) return false;
+    e->first = e->node[0];
     ExpandMask(e);
     for (int i = 0; i < e->n; ++i)
         if (e->node[i] != 0) e->node[i] = vis_Writer_NodeId(w, e->node[i]);
@@ -276,7 +269,11 @@ void vis_NASFwt_Elems(vis_NASFwt* nas)
         case 1: Solid(fp, &e); break;
         case 2:
         case 3: Shell(nas, fp, &e); break;
+        case 4: vis_NASFwt_Beam(nas, &e); break;
         case 5: Rod(fp, &e); break;
+        case 7: vis_NASFwt_Gap(nas, &e); break;
+        case 10: vis_NASFwt_Rigid(nas, &e); break;
+        case 14: vis_NASFwt_Interface(nas, &e); break;
         case 9: Spring(fp, &e); break;
         case 13: Mass(fp, &e); break;
         default: break;
