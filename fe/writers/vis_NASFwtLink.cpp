@@ -6,6 +6,10 @@
  * node at that node's coordinates. A system that is named but not found (or no system table)
  * leaves the element out. The local system of a line by rule is not needed by these cards and
  * is not built.
+ *
+ * RBE3: the weight groups (property parameter 83, 2 by default) take their weights from
+ * parameter 84, 1.0 where the property gives none, and their flags from 85 and 86, 63 (all six
+ * dofs) where it gives none.
  */
 #include "vis_CoordSys.h"
 #include "vis_EProp.h"

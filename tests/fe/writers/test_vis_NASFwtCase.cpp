@@ -20,6 +20,15 @@ const std::string kParams =
 const std::string kGrid = "$          Grid points\nGRID*   " + I16(1) + I16(0) + " 0.0000000000E+0 0.0000000000E+0\n" +
                           "*        0.0000000000E+0" + I16(0) + "\n";
 
+// Result codes filed (parameters 30, 31) and printed (32, 33) by a step.
+void SetRequests(vis_SProp* step, std::vector<int> filed, std::vector<int> printed)
+{
+    vis_SPropSetValuei(step, 30, static_cast<int>(filed.size()));
+    vis_SPropSetValueiv(step, 31, filed.data());
+    vis_SPropSetValuei(step, 32, static_cast<int>(printed.size()));
+    vis_SPropSetValueiv(step, 33, printed.data());
+}
+
 class NASFwtCaseTest : public WriterTest {
 protected:
     void SetUp() override
@@ -85,12 +94,7 @@ TEST_F(NASFwtCaseTest, StaticThenBuckling)
     vis_SPropSetValuei(s1, 2, 2);
     const int loads[2] = {100, 101};
     vis_SPropSetValueiv(s1, 3, loads);
-    vis_SPropSetValuei(s1, 30, 2);
-    const int filed[2] = {1, 35};
-    vis_SPropSetValueiv(s1, 31, filed);
-    vis_SPropSetValuei(s1, 32, 2);
-    const int printed[2] = {1, 51};
-    vis_SPropSetValueiv(s1, 33, printed);
+    SetRequests(s1, {1, 35}, {1, 51});
     vis_SProp* s2 = AddStep(3);
     vis_SPropSetValuei(s2, 22, 2);
     vis_SPropSetValuei(s2, 1, 5);
@@ -162,12 +166,7 @@ TEST_F(NASFwtCaseTest, ThermalRequests)
 {
     vis_SProp* s = AddStep(1);
     vis_SPropSetValuei(s, 0, 2);
-    vis_SPropSetValuei(s, 30, 2);
-    const int filed[2] = {15, 119};
-    vis_SPropSetValueiv(s, 31, filed);
-    vis_SPropSetValuei(s, 32, 2);
-    const int printed[2] = {6, 81};
-    vis_SPropSetValueiv(s, 33, printed);
+    SetRequests(s, {15, 119}, {6, 81});
     const std::string path = File("heat.bdf");
     std::string want = "ASSIGN,OUTPUT='" + dir + "/heat.op2',UNIT=12\nID,NASTRAN," + dir + "/heat\n";
     want += "SOL 153\nTIME 10000\nCEND\nANALYSIS = HEAT\nECHO = NONE\nSUBCASE = 1\nOUTPUT\n";
