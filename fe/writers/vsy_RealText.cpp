@@ -1,5 +1,6 @@
 #include "vsy_RealText.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -25,17 +26,15 @@ int DroppedExponentDigits(int p, const char* digits, int minexp)
     return (minexp < 2 && digits[0] == '0') ? 1 : 0;
 }
 
-/* Fixed text of a finite non-zero value with 15 significant digits around the point. A width
- * below 0 (magnitudes from about 3e15, which fail anyway) is taken as 0: a negative width is no
- * valid format. The buffer holds the 309 digits of the largest double and the 340 decimals of
+/* Fixed text of a finite non-zero value with 15 significant digits around the point, "%w.wf".
+ * A w below 0 (magnitudes from about 3e15, which fail anyway) is taken as 0: a negative width is
+ * no valid format. The buffer holds the 309 digits of the largest double and the 340 decimals of
  * the smallest. */
 void PrintFixed(double value, double L, char* text, std::size_t size)
 {
     int w = 15 - static_cast<int>(L + 0.5);
     if (w < 0) w = 0;
-    char format[32];
-    std::snprintf(format, sizeof format, "%s%d.%df", "%", w, w);
-    std::snprintf(text, size, format, value);
+    vsy_RealText_Fixed(value, w, text, static_cast<int>(size));
 }
 
 /* Drops the '0' before the point of a magnitude below 1: "0.5" gives ".5", "-0.5" gives "-.5". */
@@ -55,6 +54,26 @@ void TrimZeros(char* text, int n)
 
 }  // namespace
 
+void vsy_RealText_Exp23(double value, char* buf)
+{
+    /* The runtime's "%23.15E": the shortest exact conversion rounds the same way (the binary
+     * value's decimal expansion, ties to even), with 'e' in place of 'E' and no padding. */
+    char text[40];
+    const std::to_chars_result r = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 15);
+    const int len = static_cast<int>(r.ptr - text);
+    const int pad = len < 23 ? 23 - len : 0;
+    std::memset(buf, ' ', pad);
+    for (int i = 0; i < len; ++i) buf[pad + i] = text[i] == 'e' ? 'E' : text[i];
+    buf[pad + len] = '\0';
+}
+
+void vsy_RealText_Fixed(double value, int w, char* buf, int size)
+{
+    /* "%w.wf": the text is always longer than w, so the width never pads. */
+    const std::to_chars_result r = std::to_chars(buf, buf + size - 1, value, std::chars_format::fixed, w);
+    *(r.ec == std::errc() ? r.ptr : buf) = '\0';
+}
+
 void vsy_RealToExp(double value, int width, int minexp, int upper, int mode, char* out)
 {
     out[0] = '\0';
@@ -64,7 +83,7 @@ void vsy_RealToExp(double value, int width, int minexp, int upper, int mode, cha
         return;
     }
     char buf[40];
-    std::snprintf(buf, sizeof buf, "%23.15E", value);
+    vsy_RealText_Exp23(value, buf);
     const int p = (buf[19] == 'E') ? 19 : 18;
     const char* mantissa = buf + p - 18;
     const int k = DroppedExponentDigits(p, buf + p + 2, minexp);

@@ -1,8 +1,9 @@
 /* vsy_RealText: the real-to-text routines of every fixed-column deck writer.
  *
  * Each routine writes a NUL-terminated text into `out`, which must hold at least 32 bytes. The
- * value is converted once by the C library; digits that do not fit are cut, never rounded
- * again, so the text is the first digits of the correctly rounded 15-decimal form.
+ * value is converted once, to the text the C library's "%23.15E" or "%w.wf" gives (the exact
+ * conversion, here by std::to_chars, which is faster); digits that do not fit are cut, never
+ * rounded again, so the text is the first digits of the correctly rounded form.
  *
  *   vsy_RealToExp    exponent form of `width` characters: a sign or blank, one digit, the point,
  *                    as many decimals as fit, 'E' (or 'e'), the exponent's sign and digits.
@@ -31,5 +32,11 @@
 void vsy_RealToExp(double value, int width, int minexp, int upper, int mode, char* out);
 void vsy_RealToFixed(double value, int width, int mode, char* out, int* fail);
 void vsy_RealToField(double value, int width, int upper, int mode, char* out);
+
+/* The conversions under the routines, exact and equal byte for byte to the C library's: the
+ * "%23.15E" text of a finite value into buf (40 bytes), and the "%w.wf" text of a finite value
+ * into buf of `size` bytes (empty when it does not fit). */
+void vsy_RealText_Exp23(double value, char* buf);
+void vsy_RealText_Fixed(double value, int w, char* buf, int size);
 
 #endif
