@@ -58,8 +58,7 @@ bool Read(vis_NASFwt* nas, int index, Elem* e)
     if (e->n < 1) return false;
     e->first = e->node[0];
     ExpandMask(e);
-    for (int i = 0; i < e->n; ++i)
-        if (e->node[i] != 0) e->node[i] = vis_Writer_NodeId(w, e->node[i]);
+    vis_Writer_NodeIds(w, e->n, e->node);
     e->propid = vis_Writer_ElemAssoc(w, 2, index);
     e->csysid = vis_Writer_ElemAssoc(w, 4, index);
     e->featype = vis_Writer_ElemAssoc(w, 0, index);
@@ -83,20 +82,29 @@ void Name(const Elem* e, int shape, const char* def, char* name)
     if (name[0] == '\0') std::snprintf(name, 16, "%s", def);
 }
 
+/* Writes one line: `lead` (the "%-8s" name or an empty field), the integers of `head`, the
+ * nodes at the positions `pos` (from 1), each "%8d", and the line end. Built in one buffer:
+ * a line holds at most ten fields of up to 11 characters. */
+void Line(FILE* fp, const char* lead, std::initializer_list<int> head, const Elem* e, std::initializer_list<int> pos)
+{
+    char line[160];
+    int len = std::snprintf(line, 16, "%-8s", lead);
+    for (int v : head) len += vsy_FieldIntText(v, 8, line + len);
+    for (int p : pos) len += vsy_FieldIntText(e->node[p - 1], 8, line + len);
+    line[len++] = '\n';
+    std::fwrite(line, 1, len, fp);
+}
+
 /* A first line: name, id, property, the nodes at the given positions (from 1), line end. */
 void Head(FILE* fp, const char* name, const Elem* e, std::initializer_list<int> pos)
 {
-    std::fprintf(fp, "%-8s%8d%8d", name, e->id, e->propid);
-    for (int p : pos) std::fprintf(fp, "%8d", e->node[p - 1]);
-    std::fputc('\n', fp);
+    Line(fp, name, {e->id, e->propid}, e, pos);
 }
 
 /* A continuation line: an empty field and the nodes at the given positions, line end. */
 void Cont(FILE* fp, const Elem* e, std::initializer_list<int> pos)
 {
-    std::fputs("        ", fp);
-    for (int p : pos) std::fprintf(fp, "%8d", e->node[p - 1]);
-    std::fputc('\n', fp);
+    Line(fp, "", {}, e, pos);
 }
 
 bool Fits(const Elem* e, int need)

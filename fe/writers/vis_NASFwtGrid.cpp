@@ -5,24 +5,39 @@
 #include "vsy_HashTable.h"
 #include "vsy_RealText.h"
 
+#include <cstring>
+
 namespace {
 
-/* A coordinate of a grid point: always the exponent form at full precision, 16 columns. */
-void Coordinate(FILE* fp, double value)
+/* A coordinate of a grid point at `out`: always the exponent form at full precision, "%16s".
+ * Returns the characters written. */
+int Coordinate(double value, char* out)
 {
     char text[VSY_REALTEXT_LEN];
     vsy_RealToExp(value, 16, 0, 1, 0, text);
-    std::fprintf(fp, "%16s", text);
+    const int len = static_cast<int>(std::strlen(text));
+    const int pad = len < 16 ? 16 - len : 0;
+    std::memset(out, ' ', pad);
+    std::memcpy(out + pad, text, len);
+    return pad + len;
 }
 
+/* "GRID*   %16d%16d", x, y, "\n*       ", z, "%16d\n": built in one buffer. */
 void GridCard(FILE* fp, int id, const double x[3], int csysid)
 {
-    std::fprintf(fp, "GRID*   %16d%16d", id, 0);
-    Coordinate(fp, x[0]);
-    Coordinate(fp, x[1]);
-    std::fputs("\n*       ", fp);
-    Coordinate(fp, x[2]);
-    std::fprintf(fp, "%16d\n", csysid);
+    char line[256];
+    std::memcpy(line, "GRID*   ", 8);
+    int len = 8;
+    len += vsy_FieldIntText(id, 16, line + len);
+    len += vsy_FieldIntText(0, 16, line + len);
+    len += Coordinate(x[0], line + len);
+    len += Coordinate(x[1], line + len);
+    std::memcpy(line + len, "\n*       ", 9);
+    len += 9;
+    len += Coordinate(x[2], line + len);
+    len += vsy_FieldIntText(csysid, 16, line + len);
+    line[len++] = '\n';
+    std::fwrite(line, 1, len, fp);
 }
 
 const char* CordName(int type)

@@ -132,6 +132,15 @@ int vis_Writer_NodeId(vis_Writer* w, int node)
     return id;
 }
 
+void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes)
+{
+    int index[VIS_ELEM_MAXNODE + 8];
+    if (n > VIS_ELEM_MAXNODE + 8) n = VIS_ELEM_MAXNODE + 8;
+    for (int i = 0; i < n; ++i) index[i] = nodes[i];
+    for (int i = 0; i < n; ++i) nodes[i] = 0;
+    vis_GridFunNodeId(w->gf, w->nodeflag, n, index, nodes);
+}
+
 int vis_Writer_ElemId(vis_Writer* w, int elem)
 {
     int id = 0;

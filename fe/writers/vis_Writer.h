@@ -54,5 +54,7 @@ int vis_Writer_ElemAssoc(vis_Writer* w, int type, int elem);
 /* The printed id of a node or element: its `userid`, or the index when ids are not unique. */
 int vis_Writer_NodeId(vis_Writer* w, int node);
 int vis_Writer_ElemId(vis_Writer* w, int elem);
+/* The printed ids of n node indices in place; an index 0 (an absent midside node) stays 0. */
+void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes);
 
 #endif

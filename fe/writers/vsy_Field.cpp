@@ -2,6 +2,7 @@
 
 #include "vsy_RealText.h"
 
+#include <charconv>
 #include <cstring>
 
 namespace {
@@ -25,11 +26,22 @@ void RealRow(FILE* fp, int width, int nempty, int n, const double* values, int n
 void IntRow(FILE* fp, int width, int nempty, int n, const int* values, int newline)
 {
     Empty(fp, width, nempty);
-    for (int i = 0; i < n; ++i) std::fprintf(fp, "%*d", width, values[i]);
+    char text[32];
+    for (int i = 0; i < n; ++i) std::fwrite(text, 1, vsy_FieldIntText(values[i], width, text), fp);
     if (newline) std::fputc('\n', fp);
 }
 
 }  // namespace
+
+int vsy_FieldIntText(int value, int width, char* out)
+{
+    char digits[16];
+    const int len = static_cast<int>(std::to_chars(digits, digits + sizeof digits, value).ptr - digits);
+    const int pad = len < width ? width - len : 0;
+    std::memset(out, ' ', pad);
+    std::memcpy(out + pad, digits, len);
+    return pad + len;
+}
 
 void vsy_FieldRealText(double value, int width, char* field)
 {

@@ -13,6 +13,9 @@
 #define VSY_FIELD_SMALL 8
 #define VSY_FIELD_LARGE 16
 
+/* Writes the "%8d" or "%16d" text of an integer (wider when it does not fit) at `out`, with no
+ * terminator, and returns the number of characters: at most 11 beyond the width. */
+int vsy_FieldIntText(int value, int width, char* out);
 /* The field text of one real: 8 or 16 characters, NUL-terminated; `field` holds 32 bytes. */
 void vsy_FieldRealText(double value, int width, char* field);
 /* Writes nempty empty fields, then n real fields, then "\n" when newline is not 0. */
