@@ -88,7 +88,9 @@ void Name(const Elem* e, int shape, const char* def, char* name)
 void Line(FILE* fp, const char* lead, std::initializer_list<int> head, const Elem* e, std::initializer_list<int> pos)
 {
     char line[160];
-    int len = std::snprintf(line, 16, "%-8s", lead);
+    int len = 0;
+    while (lead[len] != '\0' && len < 15) line[len] = lead[len], ++len;
+    for (; len < 8; ++len) line[len] = ' ';
     for (int v : head) len += vsy_FieldIntText(v, 8, line + len);
     for (int p : pos) len += vsy_FieldIntText(e->node[p - 1], 8, line + len);
     line[len++] = '\n';
