@@ -1,5 +1,6 @@
-// Writer benchmark: the NASTRAN deck of structured hexahedral and tetrahedral meshes of about
-// 10^4, 10^5 and 10^6 elements, each timed on the wall clock with its bytes and MB/s, beside
+// Writer benchmark: the NASTRAN deck and the native text and binary forms (vis_ConnectWrite -1,
+// -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements,
+// each timed on the wall clock with its bytes and MB/s, beside
 // the floor of the C library: formatting the same coordinates with snprintf("%23.15E") alone
 // into a buffer, as the deck's grid cards need them, with no file and no element.
 //
@@ -8,6 +9,7 @@
 // Run: bench_writers [largest n]. Build in Release for meaningful numbers. The deck goes to
 // /tmp/bench_writers.bdf and is removed.
 #include "vis_Connect.h"
+#include "vis_ConnectWrite.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 
@@ -86,6 +88,20 @@ double SnprintfFloor(int n)
     return Ms(t0);
 }
 
+/* One vis_ConnectWrite form: time, bytes and MB/s. */
+void Form(vis_Connect* c, int type, const char* label)
+{
+    const char* path = "/tmp/bench_writers.out";
+    const Clock::time_point t0 = Clock::now();
+    vis_ConnectWrite(c, type, path);
+    const double ms = Ms(t0);
+    struct stat st {};
+    stat(path, &st);
+    std::remove(path);
+    std::printf("      %-8s %9.1f ms %11lld B %8.1f MB/s\n", label, ms, (long long)st.st_size,
+                st.st_size / 1048576.0 / (ms / 1000.0));
+}
+
 void Run(const char* kind, int n, bool tets)
 {
     vis_Connect* c = BuildMesh(n, tets);
@@ -107,6 +123,8 @@ void Run(const char* kind, int n, bool tets)
     std::printf("%-5s %9d elems %9d nodes  nastran %9.1f ms %11lld B %8.1f MB/s  snprintf floor %9.1f ms%s\n", kind,
                 ne, nn, ms, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor,
                 err ? "  (write failed)" : "");
+    Form(c, -1, "text");
+    Form(c, -2, "binary");
     std::fflush(stdout);
     vis_NASFwtDelete(nas);
     vis_ModelDelete(model);
