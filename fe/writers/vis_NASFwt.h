@@ -11,8 +11,9 @@
  *
  * Not yet written: property, material, load, initial condition, restraint and multipoint
  * constraint cards; interface elements on the face of a solid (lines and plane forms are
- * written); quadratic pyramids (a linear pyramid is a CHEXA with its apex four times); Lagrange
- * quadrilaterals and solids, which no card of this deck holds; vis_NASFwtWriteState.
+ * written); Lagrange quadrilaterals and solids, which no card of this deck holds;
+ * vis_NASFwtWriteState. A pyramid is a CHEXA with its apex four times (of order 3 also on
+ * the collapsed top edges).
  */
 #ifndef VIS_NASFWT_H
 #define VIS_NASFWT_H

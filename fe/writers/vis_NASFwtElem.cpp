@@ -41,11 +41,23 @@ void ExpandMask(Elem* e)
     for (int i = 0; i < e->n; ++i) e->node[i] = full[i];
 }
 
-/* A pyramid as a hexahedron whose top face is the apex four times. */
-void PyramidToHex(Elem* e)
+/* A pyramid as a hexahedron whose top face is the apex four times. Of order 3, the base edges'
+ * midside nodes (pyramid positions 6 to 9) stay on the base edges, the top edges collapse into
+ * the apex, and the apex edges' midside nodes (10 to 13) go to the vertical edges. */
+void PyramidToHex(Elem* e, bool quadratic)
 {
-    for (int i = 5; i < 8; ++i) e->node[i] = e->node[4];
-    e->n = 8;
+    const int apex = e->node[4];
+    if (quadratic) {
+        int mid[8];
+        for (int i = 0; i < 8; ++i) mid[i] = e->node[5 + i];
+        for (int i = 0; i < 4; ++i) {
+            e->node[8 + i] = mid[i];
+            e->node[12 + i] = apex;
+            e->node[16 + i] = mid[4 + i];
+        }
+    }
+    for (int i = 5; i < 8; ++i) e->node[i] = apex;
+    e->n = quadratic ? 20 : 8;
     e->shape = SYS_SHAPE_HEX;
 }
 
@@ -153,12 +165,15 @@ void Solid(FILE* fp, Elem* e)
         }
         break;
     case SYS_SHAPE_PYR:
-        /* Only the linear pyramid has its degenerate hexahedron here. */
         Name(e, shape, "CHEXA", name);
-        if (quad || !Fits(e, 5)) break;
-        PyramidToHex(e);
+        if (!Fits(e, quad ? 13 : 5)) break;
+        PyramidToHex(e, quad);
         Head(fp, name, e, {1, 2, 3, 4, 5, 6});
-        Cont(fp, e, {7, 8});
+        if (!quad) Cont(fp, e, {7, 8});
+        else {
+            Cont(fp, e, {7, 8, 9, 10, 11, 12, 17, 18});
+            Cont(fp, e, {19, 20, 13, 14, 15, 16});
+        }
         break;
     case SYS_SHAPE_HEX:
         Name(e, shape, "CHEXA", name);

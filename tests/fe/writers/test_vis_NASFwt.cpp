@@ -265,7 +265,8 @@ TEST_F(NASFwtCardTest, QuadraticSolidsShellsSpringsMass)
                           {SYS_SHAPE_LINE, 0, 0, 9, 9, 12, {1, 2}},
                           {SYS_SHAPE_LINE, 0, 0, 9, 9, 13, {1, 1}, 0, 3},
                           {SYS_SHAPE_POINT, 0, 0, 13, 10, 14, {1}, 0, 0, 3},
-                          {SYS_SHAPE_TRI, 3, 0, 2, 8, 15, Range(6)}}));
+                          {SYS_SHAPE_TRI, 3, 0, 2, 8, 15, Range(6)},
+                          {SYS_SHAPE_PYR, 3, 0, 1, 5, 16, Range(13)}}));
     const double t7[4] = {0.01, 0.01, 0.01, 0.01};
     vis_EProp* p7 = Prop(7, 2);
     vis_EPropSetValuedv(p7, 7, t7);
@@ -327,6 +328,13 @@ TEST_F(NASFwtCardTest, QuadraticSolidsShellsSpringsMass)
     // Shell CTRIA6 with corners .005 .005 .007: "        ", the empty "%8s", one empty field.
     want += "CTRIA6  " + I8(15) + I8(8) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(106) + "\n";
     want += kBlank8 + kBlank8 + kBlank8 + "   .005    .005    .007 \n";
+    // Pyramid of order 3 (corners 1 to 4, apex 5, base edge nodes 6 to 9, apex edge nodes 10
+    // to 13) as a hexahedron of order 3: corners 1 2 3 4 5 5 5 5; bottom edges 6 7 8 9; top
+    // edges collapsed to the apex 5 5 5 5; vertical edges 10 11 12 13. Written in the
+    // hexahedron's order: 1 to 6; 7 to 12, 17, 18; 19, 20, 13 to 16 (positions of that list).
+    want += "CHEXA   " + I8(16) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(105) + "\n";
+    want += kBlank8 + I8(105) + I8(105) + I8(106) + I8(107) + I8(108) + I8(109) + I8(110) + I8(111) + "\n";
+    want += kBlank8 + I8(112) + I8(113) + I8(105) + I8(105) + I8(105) + I8(105) + "\n";
     want += "ENDDATA\n";
     EXPECT_EQ(ElementsOf(Write(model, File("cards.bdf"))), want);
     ExpectNoReport();
