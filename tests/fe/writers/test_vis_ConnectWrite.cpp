@@ -253,3 +253,25 @@ TEST_F(ConnectWriteTest, NastranRoad)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ConnectWriteTest, ListingOfNineNodes)
+{
+    std::vector<MeshNode> nodes;
+    for (int i = 1; i <= 9; ++i) nodes.push_back({{0.0, 0.0, 0.0}, 100 + i, 0, 0});
+    c = BuildMesh(nodes, {{SYS_SHAPE_QUAD, 3, 3, 0, 4, 50, {1, 2, 3, 4, 5, 6, 7, 8, 9}}});
+    const std::string path = File("listing.txt");
+    vis_ConnectWrite(c, -17, path.c_str());
+    ExpectNoReport();
+    std::string want = "Node Listing\n Node Id     CId            x           y           z\n";
+    for (int i = 1; i <= 9; ++i) want += I8(100 + i) + I8(0) + "  0.00000e+00  0.00000e+00  0.00000e+00\n";
+    want += "\nElem Listing\n Elem Id     PId  Connectivity\n";
+    // Element 50 of part 4: eight nodes, a line feed, the ninth, a line feed. The list holds
+    // node indices.
+    want += I8(50) + I8(4) + I8(1) + I8(2) + I8(3) + I8(4) + I8(5) + I8(6) + I8(7) + I8(8) + "\n" + I8(9) + "\n";
+    want += "\n";
+    EXPECT_EQ(ReadFile(path), want);
+}
+
+}  // namespace
