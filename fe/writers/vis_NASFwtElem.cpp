@@ -106,7 +106,7 @@ void Line(FILE* fp, const char* lead, std::initializer_list<int> head, const Ele
     for (int v : head) len += vsy_FieldIntText(v, 8, line + len);
     for (int p : pos) len += vsy_FieldIntText(e->node[p - 1], 8, line + len);
     line[len++] = '\n';
-    std::fwrite(line, 1, len, fp);
+    vis_Writer_Put(fp, line, len);
 }
 
 /* A first line: name, id, property, the nodes at the given positions (from 1), line end. */

@@ -37,7 +37,7 @@ void GridCard(FILE* fp, int id, const double x[3], int csysid)
     len += Coordinate(x[2], line + len);
     len += vsy_FieldIntText(csysid, 16, line + len);
     line[len++] = '\n';
-    std::fwrite(line, 1, len, fp);
+    vis_Writer_Put(fp, line, len);
 }
 
 const char* CordName(int type)

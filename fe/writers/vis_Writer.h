@@ -41,6 +41,17 @@ void vis_Writer_End(vis_Writer* w);
 /* Closes a stream left open by a failed WriteModel and an own grid function; for Delete. */
 void vis_Writer_Release(vis_Writer* w);
 
+/* Writes len bytes of a built line. The library has no threads, so the stream's lock is skipped
+ * where the runtime offers that. */
+inline void vis_Writer_Put(FILE* fp, const char* text, int len)
+{
+#if defined(__GLIBC__)
+    fwrite_unlocked(text, 1, static_cast<size_t>(len), fp);
+#else
+    std::fwrite(text, 1, static_cast<size_t>(len), fp);
+#endif
+}
+
 /* Mesh reads through the grid function. Node and element indices count from 1. */
 void vis_Writer_Topology(vis_Writer* w, int elem, int* shape, int* maxi, int* maxj, int* maxk);
 /* Element nodes into nodes[], which holds VIS_ELEM_MAXNODE entries at least; *num 0 on a miss
