@@ -93,35 +93,38 @@ void Elements(vis_Connect* c, const Out& out)
     }
 }
 
-void PartNames(vis_Connect* c, const Out& out)
+/* Calls f(key, value) for every entry of a table, in slot order; nothing for no table. */
+template <class F>
+void EachEntry(vsy_HashTable* table, F f)
 {
-    if (!c->partnames) return;
-    vsy_HashTableInitIter(c->partnames);
+    if (!table) return;
+    vsy_HashTableInitIter(table);
     for (;;) {
         int key = 0;
         void* v = nullptr;
-        vsy_HashTableNextIter(c->partnames, &key, &v);
+        vsy_HashTableNextIter(table, &key, &v);
         if (!v) break;
+        f(key, v);
+    }
+}
+
+void PartNames(vis_Connect* c, const Out& out)
+{
+    EachEntry(c->partnames, [&](int key, void* v) {
         const char* name = static_cast<const char*>(v);
         const int len = static_cast<int>(std::strlen(name));
         out.Ints({key, len});
         if (out.binary) std::fwrite(name, 1, len, out.fp);
         else std::fprintf(out.fp, "%s\n", name);
-    }
+    });
 }
 
 void PartSizes(vis_Connect* c, const Out& out)
 {
-    if (!c->partijk) return;
-    vsy_HashTableInitIter(c->partijk);
-    for (;;) {
-        int key = 0;
-        void* v = nullptr;
-        vsy_HashTableNextIter(c->partijk, &key, &v);
-        if (!v) break;
+    EachEntry(c->partijk, [&](int key, void* v) {
         const int* ijk = static_cast<const int*>(v);
         out.Ints({key, ijk[0], ijk[1], ijk[2]});
-    }
+    });
 }
 
 }  // namespace
