@@ -25,11 +25,15 @@ void Counters(vis_NASFwt* nas)
     vis_Writer* w = &nas->w;
     nas->elemid = nas->nodeid = 0;
     nas->featwod = 0;
-    for (int i = 1; i <= w->numel; ++i) {
-        const int id = vis_Writer_ElemId(w, i);
-        if (id > nas->elemid) nas->elemid = id;
-        const int wod = vis_Writer_ElemAssoc(w, 25, i);
-        if (wod != 0) nas->featwod = wod;
+    int ids[VIS_WRITER_BLOCK], wod[VIS_WRITER_BLOCK];
+    for (int first = 1; first <= w->numel; first += VIS_WRITER_BLOCK) {
+        const int n = w->numel - first + 1 < VIS_WRITER_BLOCK ? w->numel - first + 1 : VIS_WRITER_BLOCK;
+        vis_Writer_ElemIds(w, first, n, ids);
+        vis_Writer_ElemAssocs(w, 25, first, n, wod);
+        for (int i = 0; i < n; ++i) {
+            if (ids[i] > nas->elemid) nas->elemid = ids[i];
+            if (wod[i] != 0) nas->featwod = wod[i];
+        }
     }
     for (int i = 1; i <= w->numnp; ++i) {
         const int id = vis_Writer_NodeId(w, i);

@@ -61,7 +61,29 @@ void PyramidToHex(Elem* e, bool quadratic)
     e->shape = SYS_SHAPE_HEX;
 }
 
-bool Read(vis_NASFwt* nas, int index, Elem* e)
+/* The associations and ids of a run of elements, read by one call per kind. */
+struct Block {
+    int first = 1, n = 0;
+    int propid[VIS_WRITER_BLOCK], csysid[VIS_WRITER_BLOCK], featype[VIS_WRITER_BLOCK];
+    int feaspec[VIS_WRITER_BLOCK], featwod[VIS_WRITER_BLOCK], id[VIS_WRITER_BLOCK];
+    /* Makes element `index` one of the block's, reading the next run when it is not. */
+    int At(vis_Writer* w, int index)
+    {
+        if (index < first || index >= first + n) {
+            first = index;
+            n = w->numel - index + 1 < VIS_WRITER_BLOCK ? w->numel - index + 1 : VIS_WRITER_BLOCK;
+            vis_Writer_ElemAssocs(w, 2, first, n, propid);
+            vis_Writer_ElemAssocs(w, 4, first, n, csysid);
+            vis_Writer_ElemAssocs(w, 0, first, n, featype);
+            vis_Writer_ElemAssocs(w, 12, first, n, feaspec);
+            vis_Writer_ElemAssocs(w, 25, first, n, featwod);
+            vis_Writer_ElemIds(w, first, n, id);
+        }
+        return index - first;
+    }
+};
+
+bool Read(vis_NASFwt* nas, Block* block, int index, Elem* e)
 {
     vis_Writer* w = &nas->w;
     e->index = index;
@@ -71,12 +93,13 @@ bool Read(vis_NASFwt* nas, int index, Elem* e)
     e->first = e->node[0];
     ExpandMask(e);
     vis_Writer_NodeIds(w, e->n, e->node);
-    e->propid = vis_Writer_ElemAssoc(w, 2, index);
-    e->csysid = vis_Writer_ElemAssoc(w, 4, index);
-    e->featype = vis_Writer_ElemAssoc(w, 0, index);
-    e->feaspec = vis_Writer_ElemAssoc(w, 12, index);
-    e->featwod = vis_Writer_ElemAssoc(w, 25, index);
-    e->id = vis_Writer_ElemId(w, index);
+    const int b = block->At(w, index);
+    e->propid = block->propid[b];
+    e->csysid = block->csysid[b];
+    e->featype = block->featype[b];
+    e->feaspec = block->feaspec[b];
+    e->featwod = block->featwod[b];
+    e->id = block->id[b];
     if (e->id == 0) e->id = ++nas->elemid;
     void* prop = nullptr;
     if (nas->eprop) vsy_HashTableGet(nas->eprop, e->propid, &prop);
@@ -288,8 +311,10 @@ void vis_NASFwt_Elems(vis_NASFwt* nas)
     FILE* fp = nas->w.fp;
     std::fputs("$          Elements\n", fp);
     Elem e;
+    static_assert(sizeof(Block) < 16384, "block of element reads kept small for the stack");
+    Block block;
     for (int i = 1; i <= nas->w.numel; ++i) {
-        if (!Read(nas, i, &e)) continue;
+        if (!Read(nas, &block, i, &e)) continue;
         switch (e.featype) {
         case 1: Solid(fp, &e); break;
         case 2:

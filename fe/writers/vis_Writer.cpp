@@ -134,6 +134,32 @@ int vis_Writer_NodeId(vis_Writer* w, int node)
     return id;
 }
 
+namespace {
+
+int Block(int first, int n, int* ix)
+{
+    if (n > VIS_WRITER_BLOCK) n = VIS_WRITER_BLOCK;
+    for (int i = 0; i < n; ++i) ix[i] = first + i;
+    return n;
+}
+
+}  // namespace
+
+void vis_Writer_ElemAssocs(vis_Writer* w, int type, int first, int n, int* values)
+{
+    int ix[VIS_WRITER_BLOCK];
+    n = Block(first, n, ix);
+    for (int i = 0; i < n; ++i) values[i] = 0;
+    if (auto f = Slot<vis_GridFunElemAssoc_t>(w, VIS_GRIDFUN_ELEMASSOC)) f(w->gf->obj, type, n, ix, values);
+}
+
+void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids)
+{
+    int ix[VIS_WRITER_BLOCK];
+    n = Block(first, n, ix);
+    vis_GridFunElemId(w->gf, w->elemflag, n, ix, ids);
+}
+
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes)
 {
     int index[VIS_ELEM_MAXNODE + 8];

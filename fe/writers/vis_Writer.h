@@ -65,6 +65,13 @@ int vis_Writer_ElemAssoc(vis_Writer* w, int type, int elem);
 /* The printed id of a node or element: its `userid`, or the index when ids are not unique. */
 int vis_Writer_NodeId(vis_Writer* w, int node);
 int vis_Writer_ElemId(vis_Writer* w, int elem);
+/* Elements read together by the block reads below. */
+#define VIS_WRITER_BLOCK 512
+/* One association of the elements first to first + n - 1, n at most VIS_WRITER_BLOCK; zeros
+ * without the slot. */
+void vis_Writer_ElemAssocs(vis_Writer* w, int type, int first, int n, int* values);
+/* The printed ids of the elements first to first + n - 1, n at most VIS_WRITER_BLOCK. */
+void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids);
 /* The printed ids of n node indices in place; an index 0 (an absent midside node) stays 0. */
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes);
 
