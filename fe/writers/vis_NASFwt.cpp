@@ -35,9 +35,12 @@ void Counters(vis_NASFwt* nas)
             if (wod[i] != 0) nas->featwod = wod[i];
         }
     }
-    for (int i = 1; i <= w->numnp; ++i) {
-        const int id = vis_Writer_NodeId(w, i);
-        if (id > nas->nodeid) nas->nodeid = id;
+    for (int first = 1; first <= w->numnp; first += VIS_WRITER_BLOCK) {
+        const int n = w->numnp - first + 1 < VIS_WRITER_BLOCK ? w->numnp - first + 1 : VIS_WRITER_BLOCK;
+        for (int i = 0; i < n; ++i) ids[i] = first + i;
+        vis_Writer_NodeIds(w, n, ids);
+        for (int i = 0; i < n; ++i)
+            if (ids[i] > nas->nodeid) nas->nodeid = ids[i];
     }
     nas->propid = MaxKey(nas->eprop);
     nas->matid = MaxKey(nas->mprop);

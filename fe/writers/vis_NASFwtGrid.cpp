@@ -72,13 +72,20 @@ void vis_NASFwt_Grid(vis_NASFwt* nas)
 {
     vis_Writer* w = &nas->w;
     std::fputs("$          Grid points\n", w->fp);
-    for (int i = 1; i <= w->numnp; ++i) {
-        const int featype = vis_Writer_NodeAssoc(w, 0, i);
-        if (featype == 2) std::fprintf(w->fp, "SPOINT  %8d\n", vis_Writer_NodeId(w, i));
-        if (featype != 1) continue;
-        double x[3];
-        vis_Writer_Coords(w, i, x);
-        GridCard(w->fp, vis_Writer_NodeId(w, i), x, vis_Writer_NodeAssoc(w, 4, i));
+    int featype[VIS_WRITER_BLOCK], csysid[VIS_WRITER_BLOCK], id[VIS_WRITER_BLOCK];
+    for (int first = 1; first <= w->numnp; first += VIS_WRITER_BLOCK) {
+        const int n = w->numnp - first + 1 < VIS_WRITER_BLOCK ? w->numnp - first + 1 : VIS_WRITER_BLOCK;
+        vis_Writer_NodeAssocs(w, 0, first, n, featype);
+        vis_Writer_NodeAssocs(w, 4, first, n, csysid);
+        for (int i = 0; i < n; ++i) id[i] = first + i;
+        vis_Writer_NodeIds(w, n, id);
+        for (int i = 0; i < n; ++i) {
+            if (featype[i] == 2) std::fprintf(w->fp, "SPOINT  %8d\n", id[i]);
+            if (featype[i] != 1) continue;
+            double x[3];
+            vis_Writer_Coords(w, first + i, x);
+            GridCard(w->fp, id[i], x, csysid[i]);
+        }
     }
 }
 

@@ -153,6 +153,14 @@ void vis_Writer_ElemAssocs(vis_Writer* w, int type, int first, int n, int* value
     if (auto f = Slot<vis_GridFunElemAssoc_t>(w, VIS_GRIDFUN_ELEMASSOC)) f(w->gf->obj, type, n, ix, values);
 }
 
+void vis_Writer_NodeAssocs(vis_Writer* w, int type, int first, int n, int* values)
+{
+    int ix[VIS_WRITER_BLOCK];
+    n = Block(first, n, ix);
+    for (int i = 0; i < n; ++i) values[i] = 0;
+    if (auto f = Slot<vis_GridFunNodeAssoc_t>(w, VIS_GRIDFUN_NODEASSOC)) f(w->gf->obj, type, n, ix, values);
+}
+
 void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids)
 {
     int ix[VIS_WRITER_BLOCK];
@@ -162,8 +170,8 @@ void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids)
 
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes)
 {
-    int index[VIS_ELEM_MAXNODE + 8];
-    if (n > VIS_ELEM_MAXNODE + 8) n = VIS_ELEM_MAXNODE + 8;
+    int index[VIS_WRITER_BLOCK];
+    if (n > VIS_WRITER_BLOCK) n = VIS_WRITER_BLOCK;
     for (int i = 0; i < n; ++i) index[i] = nodes[i];
     for (int i = 0; i < n; ++i) nodes[i] = 0;
     vis_GridFunNodeId(w->gf, w->nodeflag, n, index, nodes);

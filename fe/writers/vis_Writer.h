@@ -70,9 +70,12 @@ int vis_Writer_ElemId(vis_Writer* w, int elem);
 /* One association of the elements first to first + n - 1, n at most VIS_WRITER_BLOCK; zeros
  * without the slot. */
 void vis_Writer_ElemAssocs(vis_Writer* w, int type, int first, int n, int* values);
+/* The same for nodes. */
+void vis_Writer_NodeAssocs(vis_Writer* w, int type, int first, int n, int* values);
 /* The printed ids of the elements first to first + n - 1, n at most VIS_WRITER_BLOCK. */
 void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids);
-/* The printed ids of n node indices in place; an index 0 (an absent midside node) stays 0. */
+/* The printed ids of n node indices in place, n at most VIS_WRITER_BLOCK; an index 0 (an absent
+ * midside node) stays 0. */
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes);
 
 #endif

@@ -341,3 +341,27 @@ TEST_F(NASFwtCardTest, QuadraticSolidsShellsSpringsMass)
 }
 
 }  // namespace
+
+namespace {
+
+// More nodes and elements than one run of reads (512): ids and associations across the runs.
+TEST_F(NASFwtTest, ManyNodesAndElements)
+{
+    const int n = 1100;
+    std::vector<MeshNode> nodes;
+    for (int i = 1; i <= n + 1; ++i) nodes.push_back({{0.0, 0.0, 0.0}, 10000 + i, i % 3 == 0 ? 2 : 1, i % 7});
+    std::vector<MeshElem> elems;
+    for (int i = 1; i <= n; ++i) elems.push_back({SYS_SHAPE_LINE, 0, 0, 5, i % 5, 5000 + i, {i, i + 1}});
+    Use(BuildMesh(nodes, elems));
+    std::string want = "BEGIN BULK\n$          Grid points\n";
+    // Every third node is a scalar point; the others are grid points in system i mod 7.
+    for (int i = 1; i <= n + 1; ++i)
+        want += i % 3 == 0 ? "SPOINT  " + I8(10000 + i) + "\n" : Grid(10000 + i, kZero, kZero, kZero, i % 7);
+    want += "$          Elements\n";
+    for (int i = 1; i <= n; ++i) want += "CROD    " + I8(5000 + i) + I8(i % 5) + I8(10000 + i) + I8(10001 + i) + "\n";
+    want += "ENDDATA\n";
+    EXPECT_EQ(Write(model, File("many.bdf")), want);
+    ExpectNoReport();
+}
+
+}  // namespace
