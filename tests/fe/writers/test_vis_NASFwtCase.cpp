@@ -3,6 +3,7 @@
 #include "NASFwtTestSupport.h"
 #include "vis_CoordSys.h"
 #include "vis_ElemTopology.h"
+#include "vis_GridFun.h"
 #include "vis_LCase.h"
 #include "vis_SProp.h"
 #include "vsy_HashTable.h"
@@ -176,6 +177,40 @@ TEST_F(NASFwtCaseTest, ThermalRequests)
     want += "BEGIN BULK\n" + kParams + kGrid + "$          Elements\nENDDATA\n";
     EXPECT_EQ(Write(model, path), want);
     ExpectNoReport();
+}
+
+}  // namespace
+
+namespace {
+
+// A model with a grid function and no connectivity: no grid points, no elements and no bulk
+// delimiters, but case control and coordinate systems.
+TEST_F(NASFwtCaseTest, GridFunctionWithoutConnectivity)
+{
+    vis_GridFun* gf = vis_GridFunNew();
+    vis_ConnectGridFun(connect, gf);
+    vis_ModelSetObject(model, SYS_CONNECT, nullptr);
+    vis_ModelSetObject(model, SYS_GRIDFUN, gf);
+    AddStep(2);  // eigenvalue: SOL 103, METHOD with case id 0 (unset)
+    coordsys = vsy_HashTableNew();
+    csys = vis_CoordSysNew();
+    vis_CoordSysDef(csys, VIS_COORDSYS_CYLINDRICAL);
+    vsy_HashTableInsert(coordsys, 8, csys);
+    vis_ModelSetHashTable(model, SYS_COORDSYS, coordsys);
+    const std::string path = File("nobulk.dat");
+    std::string want = "ASSIGN,OUTPUT='" + dir + "/nobulk.op2',UNIT=12\nID,NASTRAN," + dir + "/nobulk\n";
+    want += "SOL 103\nTIME 10000\nCEND\nECHO = NONE\nSUBCASE = 1\nMETHOD = 0\n";
+    // System 8, cylindrical, at the global origin with the global axes: origin (0,0,0),
+    // B = (0,0,1), C = (1,0,0); "0." and "1." in fifteen columns and a blank.
+    auto L = [](const char* t) { return R(t, 15) + " "; };
+    want += "$          Coordinate systems\n";
+    want += "CORD2C* " + I16(8) + I16(0) + L("0.") + L("0.") + "\n";
+    want += "*       " + L("0.") + L("0.") + L("0.") + L("1.") + "\n";
+    want += "*       " + L("1.") + L("0.") + L("0.") + "\n";
+    EXPECT_EQ(Write(model, path), want);
+    ExpectNoReport();
+    vis_ModelSetObject(model, SYS_GRIDFUN, nullptr);
+    vis_GridFunDelete(gf);
 }
 
 }  // namespace
