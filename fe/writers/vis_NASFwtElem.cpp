@@ -1,5 +1,6 @@
 /* Element cards of the NASTRAN deck: solids, shells and membranes, rods, concentrated masses
- * and springs; beams, gaps, rigid and interface elements are in vis_NASFwtLink.cpp. Node positions in the card tables count from 1 in the library's node order. */
+ * and springs; beams, gaps, rigid and interface elements are in vis_NASFwtLink.cpp. Node
+ * positions in the card tables count from 1 in the library's node order. */
 #include "vis_EProp.h"
 #include "vis_ElemDat.h"
 #include "vis_ElemTopology.h"
