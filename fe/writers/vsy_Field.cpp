@@ -2,7 +2,6 @@
 
 #include "vsy_RealText.h"
 
-#include <charconv>
 #include <cstring>
 
 namespace {
@@ -35,11 +34,19 @@ void IntRow(FILE* fp, int width, int nempty, int n, const int* values, int newli
 
 int vsy_FieldIntText(int value, int width, char* out)
 {
+    /* Digits from the right, as "%*d" aligns them; the magnitude in unsigned so that INT_MIN
+     * has one. */
     char digits[16];
-    const int len = static_cast<int>(std::to_chars(digits, digits + sizeof digits, value).ptr - digits);
+    int len = 0;
+    unsigned m = value < 0 ? 0u - static_cast<unsigned>(value) : static_cast<unsigned>(value);
+    do {
+        digits[15 - len++] = static_cast<char>('0' + m % 10u);
+        m /= 10u;
+    } while (m != 0u);
+    if (value < 0) digits[15 - len++] = '-';
     const int pad = len < width ? width - len : 0;
     std::memset(out, ' ', pad);
-    std::memcpy(out + pad, digits, len);
+    std::memcpy(out + pad, digits + 16 - len, len);
     return pad + len;
 }
 

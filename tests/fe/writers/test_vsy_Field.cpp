@@ -107,3 +107,24 @@ TEST(DofDigits, Masks)
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Field, IntegerTexts)
+{
+    char out[32];
+    // "%8d" and "%16d": right-aligned; wider values are written whole.
+    const struct {
+        int v, width;
+        const char* want;
+    } rows[] = {{0, 8, "       0"},          {7, 8, "       7"},          {-12, 8, "     -12"},
+                {12345678, 8, "12345678"},   {-1234567, 8, "-1234567"},   {123456789, 8, "123456789"},
+                {2147483647, 16, "      2147483647"}, {-2147483647 - 1, 8, "-2147483648"},
+                {42, 0, "42"}};
+    for (const auto& r : rows) {
+        const int len = vsy_FieldIntText(r.v, r.width, out);
+        EXPECT_EQ(std::string(out, len), r.want) << r.v;
+    }
+}
+
+}  // namespace
