@@ -1,0 +1,53 @@
+/* vis_NASFwt: the NASTRAN bulk data writer.
+ *
+ * vis_NASFwtWriteModel writes a vis_Model to a deck, opened in "wb" mode: executive and case
+ * control from the model's solution steps (SYS_SPROP list), "BEGIN BULK", parameter cards, grid
+ * points, elements, coordinate systems and "ENDDATA". Each section is written only when the
+ * table it reads exists; grid points, elements and the bulk delimiters need the connectivity.
+ * The writer reports only a path that cannot be opened (code 6 "path= %s") and a model without
+ * grid function or connectivity (code 5 "GridFun"); inside a section an item that cannot be
+ * read or held by a card is left out with no word. Node and element ids that are not unique are
+ * replaced by indices (vis_GridFunIdCheck). Elements with id 0 take ids above the largest one.
+ *
+ * Not yet written: property, material, load, initial condition, restraint and multipoint
+ * constraint cards; interface elements on the face of a solid (lines and plane forms are
+ * written); Lagrange quadrilaterals and solids, which no card of this deck holds;
+ * vis_NASFwtWriteState. A pyramid is a CHEXA with its apex four times (of order 3 also on
+ * the collapsed top edges).
+ */
+#ifndef VIS_NASFWT_H
+#define VIS_NASFWT_H
+
+#include "vis_Writer.h"
+
+struct vsy_HashTable;
+struct vsy_List;
+struct vis_Model;
+
+/* Room for the copy of the output path; a longer path is cut in the copy (the stem of the
+ * executive control), not in the open. */
+#define VIS_NASFWT_PATHLEN 1024
+
+typedef struct vis_NASFwt {
+    vis_Writer w;                       /* frame; its ierr is the record's first field */
+    struct vsy_HashTable* coordsys;     /* SYS_COORDSYS */
+    struct vsy_HashTable* eprop;        /* SYS_EPROP */
+    struct vsy_HashTable* mprop;        /* SYS_MPROP */
+    struct vsy_HashTable* lcase;        /* SYS_LCASE */
+    struct vsy_HashTable* elemdat;      /* SYS_ELEMDAT */
+    struct vsy_List* sprop;             /* SYS_SPROP solution steps */
+    char path[VIS_NASFWT_PATHLEN];      /* copy of the output path */
+    int kind;                           /* analysis kind of the deck */
+    int domain;                         /* 1 structural, 2 thermal */
+    int featwod;                        /* last non-zero element featwod */
+    int elemid, nodeid, propid, matid;  /* running id counters */
+    int tempcase;                       /* largest temperature load case seen */
+} vis_NASFwt;
+
+/* New: null with "NASFwt" code 4 "Creation Failure". */
+vis_NASFwt* vis_NASFwtNew(void);
+void vis_NASFwtDelete(vis_NASFwt* nas);
+int vis_NASFwtError(vis_NASFwt* nas);
+void vis_NASFwtWriteModel(vis_NASFwt* nas, struct vis_Model* model, const char* path);
+
+#endif
