@@ -10,8 +10,8 @@
  * SYS_EPROP, `matlid` or the property's parameter 0 in SYS_MPROP, `csysid` in SYS_COORDSYS;
  * case ids come from the solution steps of the SYS_SPROP list (positions from 1).
  *
- * vis_ModelWrite is not built here: the deck writers that it would dispatch to live above the
- * model, and each has its own entry.
+ * vis_ModelWrite is declared in fe/writers/vis_ModelWrite.h: it calls the deck writers, which
+ * live above the model.
  */
 #ifndef VIS_MODEL_H
 #define VIS_MODEL_H
