@@ -39,6 +39,10 @@ vtkSmartPointer<vtkPolyData> MeshPolyData(vis_Connect* connect, bool triangles)
         double x[3] = {0.0, 0.0, 0.0};
         vis_ConnectCoordsdv(connect, 1, &id, x);
         points->InsertPoint(id, x[0], x[1], x[2]);
+        // Point 0 belongs to no node, yet the mapper scales its vertex buffer by the range of
+        // the whole array: left as allocated, any garbage there could wipe out the picture. It
+        // repeats node 1, which leaves every bound as the nodes make it.
+        if (id == 1) points->SetPoint(0, x[0], x[1], x[2]);
     }
 
     auto cells = vtkSmartPointer<vtkCellArray>::New();

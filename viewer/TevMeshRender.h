@@ -3,7 +3,7 @@
 // NASTRAN bulk data to "DisplayCAD-connect.bdf" in the current directory; that file is part of
 // the behaviour, and its result is not looked at.
 //
-// Node ids are the VTK point ids (point 0 stays unset), and every element goes in as one
+// Node ids are the VTK point ids (point 0, which no cell uses, repeats node 1), and every element goes in as one
 // polygon in its own node order: the display is meant for triangles and quadrilaterals. An
 // element of more than four nodes goes in with its whole node list rather than past the end of
 // a four-entry buffer. Each call adds new actors; nothing removes an earlier mesh. The closing
