@@ -181,6 +181,27 @@ TEST_F(MeshRenderTest, WithArrowOnlyTheArrowIsShownAndTheDeckIsWritten)
     EXPECT_NE(Deck(), QByteArray("(missing)"));
 }
 
+// Point 0 belongs to no node; it repeats node 1, so it adds nothing to the picture's extent
+// (here the mesh lies far from the origin, which a zero point 0 would drag into the bounds).
+TEST_F(MeshRenderTest, PointZeroRepeatsNodeOne)
+{
+    mesh = Mesh({{100, 200, 300}, {110, 200, 300}, {110, 210, 300}}, {{SYS_SHAPE_TRI, {1, 2, 3}}});
+    const std::set<vtkActor*> before = Actors();
+    TevMeshRender().DisplayMesh(mesh, viewer->GetDefaultRender());
+    vtkActor* actor = Added(before);
+    ASSERT_NE(actor, nullptr);
+    auto* data = vtkPolyData::SafeDownCast(actor->GetMapper()->GetInput());
+    double p[3];
+    data->GetPoint(0, p);
+    EXPECT_DOUBLE_EQ(p[0], 100.0);
+    EXPECT_DOUBLE_EQ(p[1], 200.0);
+    EXPECT_DOUBLE_EQ(p[2], 300.0);
+    const double* b = data->GetBounds();
+    EXPECT_DOUBLE_EQ(b[0], 100.0);
+    EXPECT_DOUBLE_EQ(b[1], 110.0);
+    EXPECT_DOUBLE_EQ(b[4], 300.0);
+}
+
 // An element of more nodes than the display is meant for goes in whole, never past a buffer.
 TEST_F(MeshRenderTest, AnEightNodeElementGoesInWithItsWholeNodeList)
 {
