@@ -15,8 +15,8 @@
 // box stands on the componentwise minimum of the two points, which lies on the plane only when
 // the plane is a principal one or the points are ordered along it. The band's quad collapses
 // onto the diagonal for two points of the plane: its corners are the points and their mirror
-// images through the plane normal at the middle, which fall on each other. The no-op
-// DrawTempBox of the original design is left out. m_bStep3 marks the making of the box and is
+// images through the plane normal at the middle, which fall on each other. A
+// DrawTempBox, which would do nothing, is not kept. m_bStep3 marks the making of the box and is
 // read by nobody, so a failure in the making may leave it set.
 #ifndef DRAWBOXOP_H
 #define DRAWBOXOP_H

@@ -11,8 +11,8 @@
 // After the dialog: Cancel takes the band away and waits for another rim point; a height of 0.0
 // or less is refused with "Height error input" and waits likewise. After the cone the operation
 // finishes twice, once itself and once through EndOp; the second finish finds nothing left to
-// remove. The radius is not checked: a radius of 0.0 reaches the creator, which refuses it. The
-// no-op DrawTempCylinder of the original design is left out.
+// remove. The radius is not checked: a radius of 0.0 reaches the creator, which refuses it. A
+// DrawTempCylinder, which would do nothing, is not kept.
 #ifndef DRAWCONEOP_H
 #define DRAWCONEOP_H
 

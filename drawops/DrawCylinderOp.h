@@ -12,8 +12,8 @@
 // another rim point; a height of 0.0 or less is refused with "Height error input" and waits
 // likewise. The radius is the 3D distance of the two points and is not checked: a second click
 // on the first point hands the creator a radius of 0.0, which it refuses with its own message.
-// An empty angle field reads 0.0 and is handed on in the same way. The no-op DrawTempCylinder
-// of the original design is left out.
+// An empty angle field reads 0.0 and is handed on in the same way. A DrawTempCylinder, which
+// would do nothing, is not kept.
 #ifndef DRAWCYLINDEROP_H
 #define DRAWCYLINDEROP_H
 

@@ -12,8 +12,8 @@
 // for the next sphere. Angle 1 outside [-90, 0] or angle 2 outside [0, 90] is refused with its
 // box and no sphere; angle 3 is not checked here. Cancel of the dialog makes no sphere. Either
 // way the operation starts over. The radius is not checked: a second click on the centre hands
-// the creator a radius of 0.0, which it refuses. No prompt follows the first one. The uncalled
-// DrawTempSphere of the original design is left out.
+// the creator a radius of 0.0, which it refuses. No prompt follows the first one. A
+// DrawTempSphere, which nothing would call, is not kept.
 #ifndef DRAWSPHEREOP_H
 #define DRAWSPHEREOP_H
 

@@ -10,7 +10,7 @@
 //
 // After the dialog: Cancel takes the band away and waits for another corner; a height of 0.0
 // or less is refused with "Height error input" and waits likewise; otherwise the wedge is made
-// and the operation ends. The no-op DrawTempBox of the original design is left out. m_bStep3
+// and the operation ends. A DrawTempBox, which would do nothing, is not kept. m_bStep3
 // marks the making of the wedge and is read by nobody, so a failure in the making may leave it
 // set.
 #ifndef DRAWWEDGEOP_H
