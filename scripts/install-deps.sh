@@ -5,7 +5,8 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 
-fe_packages=(cmake g++ make ccache libgtest-dev libbenchmark-dev)
+fe_packages=(cmake g++ make ccache libgtest-dev libbenchmark-dev
+  gmsh calculix-ccx admesh assimp-utils)  # independent readers and a solver that check our decks
 viewer_packages=(qtbase5-dev libvtk9-dev libvtk9-qt-dev
   libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
   libocct-ocaf-dev libocct-visualization-dev libocct-data-exchange-dev
