@@ -6,17 +6,21 @@
 //
 // Nodes lie on a grid of spacing 0.1 (reals with full 17-digit expansions); every node is a
 // grid point and every element a solid. The tetrahedral mesh splits each cell into six.
-// Run: bench_writers [largest n]. Build in Release for meaningful numbers. The deck goes to
-// /tmp/bench_writers.bdf and is removed.
+// Run: bench_writers [largest n]. Build in Release for meaningful numbers. The decks go to
+// /tmp/bench_writers.<pid>.* and are removed. Processor times stand beside the wall times: on a
+// shared machine they vary less.
 #include "vis_Connect.h"
 #include "vis_ConnectWrite.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 
 #include <chrono>
+#include <ctime>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -25,6 +29,21 @@ using Clock = std::chrono::steady_clock;
 double Ms(Clock::time_point t0)
 {
     return std::chrono::duration<double, std::milli>(Clock::now() - t0).count();
+}
+
+/* A scratch file of this process: benchmarks run side by side must not remove each other's. */
+std::string ScratchPath(const char* ext)
+{
+    return "/tmp/bench_writers." + std::to_string(getpid()) + "." + ext;
+}
+
+/* Processor time of this process in ms, user and system: on a shared machine it moves less
+ * than the wall clock with what else runs. */
+double CpuMs()
+{
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
 }
 
 int Node(int n, int i, int j, int k)
@@ -70,12 +89,13 @@ vis_Connect* BuildMesh(int n, bool tets)
     return c;
 }
 
-/* The C library's floor: three "%23.15E" conversions per node. */
-double SnprintfFloor(int n)
+/* The C library's floor: three "%23.15E" conversions per node; wall and processor ms. */
+double SnprintfFloor(int n, double* cpu)
 {
     char buf[40];
     volatile char sink = 0;
     const Clock::time_point t0 = Clock::now();
+    const double c0 = CpuMs();
     for (int k = 0; k <= n; ++k)
         for (int j = 0; j <= n; ++j)
             for (int i = 0; i <= n; ++i) {
@@ -85,13 +105,15 @@ double SnprintfFloor(int n)
                     sink = sink + buf[19];
                 }
             }
+    *cpu = CpuMs() - c0;
     return Ms(t0);
 }
 
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
 void Form(vis_Connect* c, int type, const char* label)
 {
-    const char* path = "/tmp/bench_writers.out";
+    const std::string out = ScratchPath("out");
+    const char* path = out.c_str();
     const Clock::time_point t0 = Clock::now();
     vis_ConnectWrite(c, type, path);
     const double ms = Ms(t0);
@@ -108,20 +130,24 @@ void Run(const char* kind, int n, bool tets)
     vis_Model* model = vis_ModelNew();
     vis_ModelSetObject(model, SYS_CONNECT, c);
     vis_NASFwt* nas = vis_NASFwtNew();
-    const char* path = "/tmp/bench_writers.bdf";
+    const std::string deck = ScratchPath("bdf");
+    const char* path = deck.c_str();
     const Clock::time_point t0 = Clock::now();
+    const double c0 = CpuMs();
     vis_NASFwtWriteModel(nas, model, path);
-    const double ms = Ms(t0);
+    const double ms = Ms(t0), cpu = CpuMs() - c0;
     const int err = vis_NASFwtError(nas);
     struct stat st {};
     stat(path, &st);
     std::remove(path);
-    const double floor = SnprintfFloor(n);
+    double floorcpu = 0;
+    const double floor = SnprintfFloor(n, &floorcpu);
     int ne = 0, nn = 0;
     vis_ConnectGetInteger(c, 4, &ne);
     vis_ConnectGetInteger(c, 1, &nn);
-    std::printf("%-5s %9d elems %9d nodes  nastran %9.1f ms %11lld B %8.1f MB/s  snprintf floor %9.1f ms%s\n", kind,
-                ne, nn, ms, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor,
+    std::printf("%-5s %9d elems %9d nodes  nastran %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s  snprintf floor %9.1f ms "
+                "(cpu %7.1f)%s\n",
+                kind, ne, nn, ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
                 err ? "  (write failed)" : "");
     Form(c, -1, "text");
     Form(c, -2, "binary");

@@ -10,6 +10,7 @@
 #include "vsy_HashTable.h"
 
 #include <cmath>
+#include <cstring>
 #include <initializer_list>
 
 namespace {
@@ -115,7 +116,10 @@ void Name(const Elem* e, int shape, const char* def, char* name)
     name[0] = '\0';
     if (e->prop) vis_EPropValueFlag(e->prop, 66 + shape, &flag);
     if (flag) vis_EPropValueString(e->prop, 66 + shape, name);
-    if (name[0] == '\0') std::snprintf(name, 16, "%s", def);
+    if (name[0] != '\0') return;
+    const size_t len = strnlen(def, 15);
+    std::memcpy(name, def, len);
+    name[len] = '\0';
 }
 
 /* Writes one line: `lead` (the "%-8s" name or an empty field), the integers of `head`, the

@@ -14,8 +14,7 @@ namespace {
 int Coordinate(double value, char* out)
 {
     char text[VSY_REALTEXT_LEN];
-    vsy_RealToExp(value, 16, 0, 1, 0, text);
-    const int len = static_cast<int>(std::strlen(text));
+    const int len = vsy_RealToExpLen(value, 16, 0, 1, 0, text);
     const int pad = len < 16 ? 16 - len : 0;
     std::memset(out, ' ', pad);
     std::memcpy(out + pad, text, len);

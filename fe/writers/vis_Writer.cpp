@@ -71,7 +71,7 @@ int vis_Writer_Begin(vis_Writer* w, const char* name, vis_Model* model)
         vsy_ErrorRecord(&w->ierr, name, SYS_ERROR_NULLOBJECT, "GridFun");
         return 0;
     }
-    vis_GridFunIdCheck(w->gf, &w->nodeflag, &w->elemflag);
+    vis_GridFunIdCheckIdentity(w->gf, &w->nodeflag, &w->elemflag, &w->nodeident, &w->elemident);
     w->numnp = GetInteger(w, 1);
     w->numel = GetInteger(w, 4);
     return 1;
@@ -130,7 +130,7 @@ int vis_Writer_ElemAssoc(vis_Writer* w, int type, int elem)
 int vis_Writer_NodeId(vis_Writer* w, int node)
 {
     int id = 0;
-    vis_GridFunNodeId(w->gf, w->nodeflag, 1, &node, &id);
+    vis_GridFunNodeId(w->gf, w->nodeflag | w->nodeident, 1, &node, &id);
     return id;
 }
 
@@ -165,21 +165,22 @@ void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids)
 {
     int ix[VIS_WRITER_BLOCK];
     n = Block(first, n, ix);
-    vis_GridFunElemId(w->gf, w->elemflag, n, ix, ids);
+    vis_GridFunElemId(w->gf, w->elemflag | w->elemident, n, ix, ids);
 }
 
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes)
 {
+    if (w->nodeflag || w->nodeident) return; /* the ids are the indices already in place */
     int index[VIS_WRITER_BLOCK];
     if (n > VIS_WRITER_BLOCK) n = VIS_WRITER_BLOCK;
     for (int i = 0; i < n; ++i) index[i] = nodes[i];
     for (int i = 0; i < n; ++i) nodes[i] = 0;
-    vis_GridFunNodeId(w->gf, w->nodeflag, n, index, nodes);
+    vis_GridFunNodeId(w->gf, 0, n, index, nodes);
 }
 
 int vis_Writer_ElemId(vis_Writer* w, int elem)
 {
     int id = 0;
-    vis_GridFunElemId(w->gf, w->elemflag, 1, &elem, &id);
+    vis_GridFunElemId(w->gf, w->elemflag | w->elemident, 1, &elem, &id);
     return id;
 }

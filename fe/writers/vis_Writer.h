@@ -29,6 +29,7 @@ typedef struct vis_Writer {
     int numel, numnp;            /* elements and nodes */
     int nodeflag, elemflag;      /* ids not unique: indices are printed instead */
     struct vis_Connect* connect; /* the model's connectivity, or null */
+    int nodeident, elemident;    /* ids equal their indices: read no id, print the index */
 } vis_Writer;
 
 /* Opens path with mode; 1 on success, else code 6 "path= %s" reported under `name` and 0. */

@@ -30,6 +30,8 @@
 #define VSY_REALTEXT_LEN 32
 
 void vsy_RealToExp(double value, int width, int minexp, int upper, int mode, char* out);
+/* vsy_RealToExp returning the length of the text, for writers that place it in a line. */
+int vsy_RealToExpLen(double value, int width, int minexp, int upper, int mode, char* out);
 void vsy_RealToFixed(double value, int width, int mode, char* out, int* fail);
 void vsy_RealToField(double value, int width, int upper, int mode, char* out);
 

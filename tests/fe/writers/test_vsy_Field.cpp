@@ -125,6 +125,16 @@ TEST(Field, IntegerTexts)
         const int len = vsy_FieldIntText(r.v, r.width, out);
         EXPECT_EQ(std::string(out, len), r.want) << r.v;
     }
+    // Every digit count and sign at every width the decks use, against "%*d" itself: the
+    // neighbours of each power of ten, where the count of digits changes.
+    for (long long p = 1; p <= 1000000000LL; p *= 10)
+        for (long long v : {p - 1, p, p + 1, -(p - 1), -p, -(p + 1)})
+            for (int width : {0, 1, 8, 10, 16}) {
+                char want[32];
+                std::snprintf(want, sizeof want, "%*d", width, static_cast<int>(v));
+                const int len = vsy_FieldIntText(static_cast<int>(v), width, out);
+                EXPECT_EQ(std::string(out, len), want) << v << " width " << width;
+            }
 }
 
 }  // namespace

@@ -67,6 +67,28 @@ TEST(RealTextExact, FixedFormOfRandomReals)
     for (int i = 0; i < (1 << 19); ++i) ExpectFixed(bits.Value());
 }
 
+// Values where sixteen-digit rounding is delicate, across the magnitudes a deck holds: grid
+// coordinates k/10, exact binary fractions whose seventeenth digit is a tie (1 + 2^-16 is
+// 1.0000152587890625, seventeen digits ending in 5), the neighbours of every power of ten and
+// values that round up to the next power (9.9999999999999999e15 and the like).
+TEST(RealTextExact, ExponentFormDelicateValues)
+{
+    for (int i = -200000; i <= 200000; ++i) ExpectExp(0.1 * i);
+    for (int k = 1; k <= 60; ++k)
+        for (int j = 1; j < 64; ++j) {
+            ExpectExp(std::ldexp(1.0 + std::ldexp(static_cast<double>(j), -k), j % 40 - 20));
+            ExpectExp(-std::ldexp(static_cast<double>(2 * j + 1), -k));
+        }
+    for (int e = -330; e <= 308; ++e) {
+        const double p = std::pow(10.0, e);
+        double v = p;
+        for (int step = 0; step < 8; ++step) v = std::nextafter(v, 0.0);
+        for (int step = 0; step < 16 && std::isfinite(v); ++step, v = std::nextafter(v, HUGE_VAL)) ExpectExp(v);
+        for (double f : {9.9999999999999999, 9.99999999999999949, 9.99999999999999951})
+            if (std::isfinite(f * p)) ExpectExp(f * p);  // the conversion takes finite values
+    }
+}
+
 TEST(RealTextExact, TiesAndLimits)
 {
     // 1234567890123456.5 is a double (spacing .25 below 2^53); sixteen significant digits end
