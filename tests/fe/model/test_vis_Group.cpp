@@ -500,6 +500,51 @@ TEST_F(GridFunIdTest, TwoNodesWithUserId7SetTheNodeFlag)
     ExpectNoReport();
 }
 
+TEST_F(GridFunIdTest, IdentityOfIdsAndIndices)
+{
+    // No user ids: every node and element id is its index, so both are identities.
+    int nf = -1, ef = -1, ni = -1, ei = -1;
+    vis_GridFunIdCheckIdentity(gf, &nf, &ef, &ni, &ei);
+    EXPECT_EQ(nf, 0);
+    EXPECT_EQ(ef, 0);
+    EXPECT_EQ(ni, 1);
+    EXPECT_EQ(ei, 1);
+    // Node 2 takes id 2, its own index: still the identity. Node 3 takes 30: no longer.
+    vis_ConnectSetNodeAssoc(connect, 10, 2, 2);
+    vis_GridFunIdCheckIdentity(gf, &nf, &ef, &ni, &ei);
+    EXPECT_EQ(ni, 1);
+    vis_ConnectSetNodeAssoc(connect, 10, 3, 30);
+    vis_GridFunIdCheckIdentity(gf, &nf, &ef, &ni, &ei);
+    EXPECT_EQ(nf, 0);
+    EXPECT_EQ(ni, 0);
+    EXPECT_EQ(ei, 1);
+    ExpectNoReport();
+}
+
+TEST_F(GridFunIdTest, RepeatsFoundAtAnySpread)
+{
+    // Ids 1, 2000000000, 1: a range of 2e9 for three nodes goes through the hash, and still
+    // finds node 3 repeating node 1. Then 5, 2000000000, 6: wide and distinct.
+    vis_ConnectSetNodeAssoc(connect, 10, 2, 2000000000);
+    int nf = -1, ef = -1;
+    vis_GridFunIdCheck(gf, &nf, &ef);
+    EXPECT_EQ(nf, 0);  // 1, 2000000000, 3
+    vis_ConnectSetNodeAssoc(connect, 10, 3, 1);
+    vis_GridFunIdCheck(gf, &nf, &ef);
+    EXPECT_EQ(nf, 1);
+    vis_ConnectSetNodeAssoc(connect, 10, 1, 5);
+    vis_ConnectSetNodeAssoc(connect, 10, 3, 6);
+    vis_GridFunIdCheck(gf, &nf, &ef);
+    EXPECT_EQ(nf, 0);
+    // Negative ids in a narrow range: -3, -2, -3 repeat through the bit vector.
+    vis_ConnectSetNodeAssoc(connect, 10, 1, -3);
+    vis_ConnectSetNodeAssoc(connect, 10, 2, -2);
+    vis_ConnectSetNodeAssoc(connect, 10, 3, -3);
+    vis_GridFunIdCheck(gf, &nf, &ef);
+    EXPECT_EQ(nf, 1);
+    ExpectNoReport();
+}
+
 TEST_F(GridFunIdTest, SlotPastTheTableReportsType)
 {
     vis_GridFunSet(gf, 36, nullptr);
