@@ -36,20 +36,12 @@ void ElemAssocIdZero(void* obj, int type, int nix, const int* ix, int* values)
         if (type == 10 && ix[i] == 3) values[i] = 0;
 }
 
-class NASFwtTest : public WriterTest {
+class NASFwtTest : public CardTest {
 protected:
     void TearDown() override
     {
         if (gf) vis_GridFunDelete(gf);
-        if (model) vis_ModelDelete(model);
-        if (connect) vis_ConnectDelete(connect);
-        WriterTest::TearDown();
-    }
-    void Use(vis_Connect* c)
-    {
-        connect = c;
-        model = vis_ModelNew();
-        vis_ModelSetObject(model, SYS_CONNECT, connect);
+        CardTest::TearDown();
     }
     // Hands the model a grid function of its own over the connectivity, with element 3's id 0.
     void UseIdZeroGridFun()
@@ -59,8 +51,6 @@ protected:
         vis_GridFunSet(gf, VIS_GRIDFUN_ELEMASSOC, reinterpret_cast<vis_GridFunc>(ElemAssocIdZero));
         vis_ModelSetObject(model, SYS_GRIDFUN, gf);
     }
-    vis_Model* model = nullptr;
-    vis_Connect* connect = nullptr;
     vis_GridFun* gf = nullptr;
 };
 
