@@ -127,6 +127,40 @@ TEST_F(NASFwtPropTest, BeamSectionRows)
     EXPECT_EQ(Section("$          Element properties"), want);
 }
 
+TEST_F(NASFwtPropTest, BeamSectionRowsOfEqualDimensionsAndTwoLines)
+{
+    Use(OneNode());
+    auto beam = [&](int id, int type, double angle, std::vector<double> d) {
+        vis_EProp* p = Prop(id, 4);
+        vis_EPropSetValuei(p, 0, 9);
+        vis_EPropSetValuei(p, 81, type);
+        vis_EPropSetValued(p, 104, angle);
+        d.resize(40, 0.0);
+        vis_EPropSetValuedv(p, 82, d.data());
+    };
+    beam(1, 18, 90.0, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});      // DBOX
+    beam(2, 4, 0.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});      // d0 = d1, d3 = d4 at 0: H
+    beam(3, 11, -90.0, {1, 0.5, 0.1, 0.2});                  // T1 also at -90
+    beam(4, 2, 0.0, {1, 2, 0.1, 0.1, 0.2, 0.2});             // d2 = d3, d4 = d5: BOX
+    beam(5, 2, 0.0, {1, 2, 0.1, 0.15, 0.2, 0.25});           // unequal: BOX1
+    ASSERT_TRUE(Reports().empty());
+    auto head = [](int id, const char* name) { return "PBEAML  " + I8(id) + I8(9) + kBlank8 + R(name, 8) + "\n" + kBlank8; };
+    std::string want = "$          Element properties\n";
+    // 5, BOX1: d1 d0 d5 d4 d3 d2.
+    want += head(5, "BOX1") + "     2.      1.     .25      .2     .15      .1 \n";
+    // 4, BOX: d1 d0 d4 d3.
+    want += head(4, "BOX") + "     2.      1.      .2      .1 \n";
+    // 3, T1: d0, d1 - d2 = .5 - .1 (.4 to eight characters), d2, d3.
+    want += head(3, "T1") + "     1.      .4      .1      .2 \n";
+    // 2, H: d2 - (d4 + d3) = .3 - .02, d4 + d3 = .02, d0 .2, d5 .02.
+    want += head(2, "H") + "    .28     .02      .2     .02 \n";
+    // 1, DBOX: an empty field, d1 + d0 = 3, an empty field, d0, d7, d8, d9, d4, d3; the line
+    // break, an empty field, d6, d5, an empty field, d2; no mass and the end of the line.
+    want += head(1, "DBOX") + kBlank8 + "     3. " + kBlank8 + "     1.      8.      9.     10.      5.      4. \n";
+    want += kBlank8 + "     7.      6. " + kBlank8 + "     3. \n";
+    EXPECT_EQ(Section("$          Element properties"), want);
+}
+
 TEST_F(NASFwtPropTest, MaterialsWithoutUserKeepOnlyIsotropicCards)
 {
     Use(OneNode());
