@@ -304,4 +304,36 @@ TEST_F(NASFwtFixtureTest, TransientThermal)
     Check({"SOL 159\n", true, "", "", ""});
 }
 
+// Every allocation of the thermal deck's writing fails in turn: the writer goes on through
+// every section (a failed id check prints indices, a missing material class drops only the
+// class-bound cards, a failed equation buffer only the equations) and ends the deck.
+TEST_F(NASFwtFixtureTest, FailedAllocationAtEveryStepStillEndsTheDeck)
+{
+    ASSERT_EQ(ok, 1);
+    Step1(1, 2);
+    HeatCase();
+    const std::string path = File("fixture.bdf");
+    auto write = [&] {
+        vis_NASFwt* nas = vis_NASFwtNew();
+        if (nas) vis_NASFwtWriteModel(nas, m.model, path.c_str());
+        const int err = nas ? vis_NASFwtError(nas) : -1;
+        vis_NASFwtDelete(nas);
+        return err;
+    };
+    CountAllocations();
+    ASSERT_EQ(write(), 0);
+    const long calls = AllocState().calls;
+    RestoreAllocation();
+    ASSERT_GT(calls, 2);
+    for (long k = 1; k <= calls; ++k) {
+        FailAllocation(k);
+        const int err = write();
+        RestoreAllocation();
+        if (err < 0) continue;  // the writer record itself
+        EXPECT_EQ(err, 0) << "allocation " << k;
+        const std::string deck = ReadFile(path);
+        EXPECT_EQ(deck.substr(deck.size() - 8), "ENDDATA\n") << "allocation " << k;
+    }
+}
+
 }  // namespace
