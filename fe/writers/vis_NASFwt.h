@@ -15,8 +15,8 @@
  * Not yet written: interface elements on the face of a solid (lines and plane forms are
  * written); Lagrange quadrilaterals and solids, which no card of this deck holds;
  * vis_NASFwtWriteState. A pyramid is a CHEXA with its apex four times (of order 3 also on
- * the collapsed top edges). The one departure from the card rules as first laid down is told
- * in vis_NASFwtCons.cpp: the SPC* card of a prescribed value names the case before the node.
+ * the collapsed top edges). The SPC* card of a prescribed value names the case before the
+ * node, in the order of the SPC card's fields (vis_NASFwtCons.cpp).
  */
 #ifndef VIS_NASFWT_H
 #define VIS_NASFWT_H

@@ -5,6 +5,9 @@
  * dimensions; the first row that applies wins, and none applies with a reflect flag (102,
  * 103) set. Then the nonstructural mass follows when not 0, and the line ends: a section that
  * matches no row leaves only that, or an empty line.
+ *
+ * PBEAM's last line holds the shear centre offsets with their sign changed, as 0 - v: an unset
+ * offset prints as 0, not as a negative zero.
  */
 #include "vis_EProp.h"
 #include "vis_NASFwtInternal.h"

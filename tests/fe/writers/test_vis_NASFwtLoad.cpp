@@ -111,6 +111,33 @@ TEST_F(NASFwtLoadTest, InterfaceElementIsItsOwnSurface)
     EXPECT_EQ(Loads(), "$          Loads\nQBDY1   " + I8(7) + "     2.5" + I8(6) + "\n");
 }
 
+TEST_F(NASFwtLoadTest, EdgeHeatOnPlaneElementsOnly)
+{
+    // An axisymmetric solid quad (featwod 3) and a shell quad on nodes 1-4, a hexahedron on
+    // 5-12, element ids 11, 12, 13.
+    std::vector<MeshElem> elems = {{SYS_SHAPE_QUAD, 0, 0, 1, 1, 11, Range(1, 4), 3},
+                                   {SYS_SHAPE_QUAD, 0, 0, 2, 1, 12, Range(1, 4)},
+                                   {SYS_SHAPE_HEX, 0, 0, 1, 2, 13, Range(5, 8)}};
+    Use(BuildMesh(Line(12), elems));
+    vis_LCase* lc = Load(7);
+    const double q[2] = {5, 5}, conv[4] = {30, 4, 30, 4};
+    for (int e = 1; e <= 3; ++e) vis_LCaseSetDistdv(lc, SYS_EDGE, e, 2, 5, q);
+    vis_LCaseSetDistdv(lc, SYS_EDGE, 2, 4, 6, conv);
+    ASSERT_TRUE(Reports().empty());
+    std::string want = "$          Loads\n";
+    // New surfaces from the largest element id 13: the axisymmetric solid's side is the edge
+    // number 2, the shell's one more, 3; the hexahedron is no plane element: no card.
+    want += "CHBDYE  " + I8(14) + I8(11) + I8(2) + "\nQBDY1   " + I8(7) + "      5." + I8(14) + "\n";
+    want += "CHBDYE  " + I8(15) + I8(12) + I8(3) + "\nQBDY1   " + I8(7) + "      5." + I8(15) + "\n";
+    // Convection on the shell's edge 4: side 5; the ambient point follows the largest node id
+    // 112; no property table: the property ids start from 0.
+    want += "CHBDYE  " + I8(16) + I8(12) + I8(5) + "\n";
+    want += "SPOINT  " + I8(113) + "\nTEMP    " + I8(7) + I8(113) + "     30.\n";
+    want += "CONV    " + I8(16) + I8(1) + kBlank8 + kBlank8 + I8(113) + "\n";
+    want += "PCONV   " + I8(1) + I8(2) + "\nMAT4    " + I8(2) + kBlank8 + kBlank8 + kBlank8 + "      4.\n";
+    EXPECT_EQ(Loads(), want);
+}
+
 TEST_F(NASFwtLoadTest, ForcesSkipZeroVectorsAndNodesWithoutGrid)
 {
     Use(BuildMesh(Line(3, {2}), {}));
