@@ -100,6 +100,24 @@ TEST_F(NASFwtLoadTest, TractionsAndTheSecondGridOfEachSolid)
     EXPECT_EQ(Loads(), want);
 }
 
+TEST_F(NASFwtLoadTest, SolidTractionTakesPriorityOverPressure)
+{
+    Use(BuildMesh(Line(28), Surfaces()));
+    vis_LCase* lc = Load(7);
+    // Hexahedron face 2 (corners 5 6 7 8: nodes 9 10 11 12): (0,0,2) at the first two corners,
+    // (0,0,4) at the others; a pressure on face 1 of the same element gives way to it.
+    const double t[12] = {0, 0, 2, 0, 0, 2, 0, 0, 4, 0, 0, 4}, p[4] = {1, 1, 1, 1};
+    vis_LCaseSetDistdv(lc, SYS_FACE, 2, 2, 1, t);
+    vis_LCaseSetDistdv(lc, SYS_FACE, 2, 1, 2, p);
+    ASSERT_TRUE(Reports().empty());
+    // Magnitudes 2 2 4 4, not all equal: four values; first corner 109, opposite 111; then two
+    // empty fields and the last corner's direction (0,0,1).
+    std::string want = "$          Loads\n";
+    want += "PLOAD4  " + I8(7) + I8(2) + "     2.      2.      4.      4. " + I8(109) + I8(111) + "\n";
+    want += kBlank8 + kBlank8 + "     0.      0.      1. \n";
+    EXPECT_EQ(Loads(), want);
+}
+
 TEST_F(NASFwtLoadTest, InterfaceElementIsItsOwnSurface)
 {
     Use(BuildMesh(Line(28), Surfaces()));
