@@ -30,6 +30,18 @@ protected:
         vis_EPropDef(p, type);
         return Put(SYS_EPROP, id, p, vis_EPropDelete);
     }
+    // A beam property of material 9 with a section type, rotation angle and the dimensions d
+    // (the rest of the forty 0).
+    vis_EProp* Beam(int id, int type, double angle, std::vector<double> d)
+    {
+        vis_EProp* p = Prop(id, 4);
+        vis_EPropSetValuei(p, 0, 9);
+        vis_EPropSetValuei(p, 81, type);
+        vis_EPropSetValued(p, 104, angle);
+        d.resize(40, 0.0);
+        vis_EPropSetValuedv(p, 82, d.data());
+        return p;
+    }
     vis_MProp* Mat(int id, int type)
     {
         vis_MProp* p = vis_MPropNew();
@@ -92,20 +104,11 @@ TEST_F(NASFwtPropTest, PlaneStressSolidIsAUnitShellAndAnUnsetSpringNothing)
 TEST_F(NASFwtPropTest, BeamSectionRows)
 {
     Use(OneNode());
-    auto beam = [&](int id, int type, double angle, std::vector<double> d) {
-        vis_EProp* p = Prop(id, 4);
-        vis_EPropSetValuei(p, 0, 9);
-        vis_EPropSetValuei(p, 81, type);
-        vis_EPropSetValued(p, 104, angle);
-        d.resize(40, 0.0);
-        vis_EPropSetValuedv(p, 82, d.data());
-        return p;
-    };
-    beam(1, 4, 45.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});  // I section at 45 degrees: no row
-    beam(2, 4, 90.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});  // d0 = d1, d3 = d4: I1
-    beam(3, 4, 90.0, {0.2, 0.25, 0.3, 0.01, 0.015, 0.02});  // unequal: I
-    vis_EPropSetValued(beam(4, 16, 270.0, {1.0, 0.5, 0.2, 0.1}), 11, 3.0);  // HAT, with mass
-    vis_EPropSetValuei(beam(5, 5, 0.0, {0.05}), 102, 1);  // ROD, but reflected: no row
+    Beam(1, 4, 45.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});  // I section at 45 degrees: no row
+    Beam(2, 4, 90.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});  // d0 = d1, d3 = d4: I1
+    Beam(3, 4, 90.0, {0.2, 0.25, 0.3, 0.01, 0.015, 0.02});  // unequal: I
+    vis_EPropSetValued(Beam(4, 16, 270.0, {1.0, 0.5, 0.2, 0.1}), 11, 3.0);  // HAT, with mass
+    vis_EPropSetValuei(Beam(5, 5, 0.0, {0.05}), 102, 1);  // ROD, but reflected: no row
     ASSERT_TRUE(Reports().empty());
 
     std::string want = "$          Element properties\n";
@@ -130,19 +133,11 @@ TEST_F(NASFwtPropTest, BeamSectionRows)
 TEST_F(NASFwtPropTest, BeamSectionRowsOfEqualDimensionsAndTwoLines)
 {
     Use(OneNode());
-    auto beam = [&](int id, int type, double angle, std::vector<double> d) {
-        vis_EProp* p = Prop(id, 4);
-        vis_EPropSetValuei(p, 0, 9);
-        vis_EPropSetValuei(p, 81, type);
-        vis_EPropSetValued(p, 104, angle);
-        d.resize(40, 0.0);
-        vis_EPropSetValuedv(p, 82, d.data());
-    };
-    beam(1, 18, 90.0, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});      // DBOX
-    beam(2, 4, 0.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});      // d0 = d1, d3 = d4 at 0: H
-    beam(3, 11, -90.0, {1, 0.5, 0.1, 0.2});                  // T1 also at -90
-    beam(4, 2, 0.0, {1, 2, 0.1, 0.1, 0.2, 0.2});             // d2 = d3, d4 = d5: BOX
-    beam(5, 2, 0.0, {1, 2, 0.1, 0.15, 0.2, 0.25});           // unequal: BOX1
+    Beam(1, 18, 90.0, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});      // DBOX
+    Beam(2, 4, 0.0, {0.2, 0.2, 0.3, 0.01, 0.01, 0.02});      // d0 = d1, d3 = d4 at 0: H
+    Beam(3, 11, -90.0, {1, 0.5, 0.1, 0.2});                  // T1 also at -90
+    Beam(4, 2, 0.0, {1, 2, 0.1, 0.1, 0.2, 0.2});             // d2 = d3, d4 = d5: BOX
+    Beam(5, 2, 0.0, {1, 2, 0.1, 0.15, 0.2, 0.25});           // unequal: BOX1
     ASSERT_TRUE(Reports().empty());
     auto head = [](int id, const char* name) { return "PBEAML  " + I8(id) + I8(9) + kBlank8 + R(name, 8) + "\n" + kBlank8; };
     std::string want = "$          Element properties\n";
