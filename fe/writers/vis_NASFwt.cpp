@@ -4,6 +4,7 @@
 #include "vis_NASFwtInternal.h"
 #include "vsy_Error.h"
 #include "vsy_HashTable.h"
+#include "vsy_IntHash.h"
 #include "vsy_Util.h"
 
 #include <cstring>
@@ -53,8 +54,23 @@ void ReadTables(vis_NASFwt* nas, vis_Model* model)
     vis_ModelGetHashTable(model, SYS_EPROP, &nas->eprop);
     vis_ModelGetHashTable(model, SYS_MPROP, &nas->mprop);
     vis_ModelGetHashTable(model, SYS_LCASE, &nas->lcase);
+    vis_ModelGetHashTable(model, SYS_ICASE, &nas->icase);
+    vis_ModelGetHashTable(model, SYS_RCASE, &nas->rcase);
+    vis_ModelGetHashTable(model, SYS_MCASE, &nas->mcase);
     vis_ModelGetHashTable(model, SYS_ELEMDAT, &nas->elemdat);
     vis_ModelGetList(model, SYS_SPROP, &nas->sprop);
+}
+
+/* The material classes live from the properties to the materials; without the table (no
+ * memory) every material has no class. */
+void PropertiesAndMaterials(vis_NASFwt* nas)
+{
+    if (!nas->eprop && !nas->mprop) return;
+    nas->matclass = vsy_IntHashNew();
+    if (nas->eprop) vis_NASFwt_Props(nas);
+    if (nas->mprop) vis_NASFwt_Mats(nas);
+    vsy_IntHashDelete(nas->matclass);
+    nas->matclass = nullptr;
 }
 
 void Sections(vis_NASFwt* nas)
@@ -68,6 +84,11 @@ void Sections(vis_NASFwt* nas)
         vis_NASFwt_Elems(nas);
     }
     if (nas->coordsys) vis_NASFwt_CoordSys(nas);
+    PropertiesAndMaterials(nas);
+    if (nas->lcase) vis_NASFwt_Loads(nas);
+    if (nas->icase) vis_NASFwt_Initial(nas);
+    if (nas->rcase) vis_NASFwt_Restraints(nas);
+    if (nas->mcase) vis_NASFwt_Mpcs(nas);
     if (nas->w.connect) std::fputs("ENDDATA\n", fp);
 }
 
@@ -112,6 +133,7 @@ void vis_NASFwtWriteModel(vis_NASFwt* nas, vis_Model* model, const char* path)
     if (!vis_Writer_Open(&nas->w, kWriteModel, path, "wb")) return;
     if (!vis_Writer_Begin(&nas->w, kWriteModel, model)) return;
     nas->coordsys = nas->eprop = nas->mprop = nas->lcase = nas->elemdat = nullptr;
+    nas->icase = nas->rcase = nas->mcase = nullptr;
     nas->sprop = nullptr;
     ReadTables(nas, model);
     Counters(nas);

@@ -18,6 +18,7 @@ namespace gmshtest {
 struct Element {
     int type = 0;            // gmsh element type: 1 line, 2 triangle, 3 quadrilateral, 4 tetrahedron ...
     std::vector<int> nodes;  // node tags in gmsh's order
+    int entity = 0;          // tag of the entity holding it: for a deck, the property id
 };
 
 struct Mesh {
@@ -84,6 +85,7 @@ inline bool ReadElements(std::istream& in, Mesh& m)
             in >> tag;
             Element& e = m.elements[tag];
             e.type = type;
+            e.entity = entity;
             e.nodes.resize(static_cast<size_t>(nn));
             for (int& v : e.nodes) in >> v;
         }

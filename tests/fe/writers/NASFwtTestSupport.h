@@ -6,12 +6,14 @@
 #include "vis_Connect.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
+#include "vsy_HashTable.h"
 #include "vsy_TestSupport.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -114,6 +116,62 @@ protected:
     }
     std::string dir;
     std::vector<std::string> files, dirs;
+};
+
+// The part of a deck from the section title line `title` ("$          Loads") up to the next
+// section title or ENDDATA; "(no section)" when the title is missing.
+inline std::string SectionOf(const std::string& deck, const std::string& title)
+{
+    const size_t at = deck.find(title + "\n");
+    if (at == std::string::npos) return "(no section)";
+    size_t end = deck.find("\n$          ", at + 1);
+    const size_t enddata = deck.find("ENDDATA\n", at);
+    if (end == std::string::npos || (enddata != std::string::npos && enddata < end)) end = enddata - 1;
+    return deck.substr(at, end + 1 - at);
+}
+
+// A model of a small mesh and the tables of the card sections, filled on demand; the objects
+// put in are deleted with the fixture through the deleters given.
+class CardTest : public WriterTest {
+protected:
+    void TearDown() override
+    {
+        for (auto& d : deleters) d();
+        for (vsy_HashTable* t : tables) vsy_HashTableDelete(t);
+        if (model) vis_ModelDelete(model);
+        if (connect) vis_ConnectDelete(connect);
+        WriterTest::TearDown();
+    }
+    void Use(vis_Connect* c)
+    {
+        connect = c;
+        model = vis_ModelNew();
+        vis_ModelSetObject(model, SYS_CONNECT, connect);
+    }
+    // Puts object under key in the model table of `type`, made on first use.
+    template <class T>
+    T* Put(int type, int key, T* object, void (*destroy)(T*))
+    {
+        vsy_HashTable* tab = nullptr;
+        vis_ModelGetHashTable(model, type, &tab);
+        if (!tab) {
+            tab = vsy_HashTableNew();
+            tables.push_back(tab);
+            vis_ModelSetHashTable(model, type, tab);
+        }
+        vsy_HashTableInsert(tab, key, object);
+        deleters.push_back([object, destroy] { destroy(object); });
+        return object;
+    }
+    // The deck's section of `title`.
+    std::string Section(const std::string& title)
+    {
+        return SectionOf(Write(model, File("cards.bdf")), title);
+    }
+    vis_Connect* connect = nullptr;
+    vis_Model* model = nullptr;
+    std::vector<vsy_HashTable*> tables;
+    std::vector<std::function<void()>> deleters;
 };
 
 }  // namespace nastest

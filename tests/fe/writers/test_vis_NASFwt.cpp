@@ -36,20 +36,12 @@ void ElemAssocIdZero(void* obj, int type, int nix, const int* ix, int* values)
         if (type == 10 && ix[i] == 3) values[i] = 0;
 }
 
-class NASFwtTest : public WriterTest {
+class NASFwtTest : public CardTest {
 protected:
     void TearDown() override
     {
         if (gf) vis_GridFunDelete(gf);
-        if (model) vis_ModelDelete(model);
-        if (connect) vis_ConnectDelete(connect);
-        WriterTest::TearDown();
-    }
-    void Use(vis_Connect* c)
-    {
-        connect = c;
-        model = vis_ModelNew();
-        vis_ModelSetObject(model, SYS_CONNECT, connect);
+        CardTest::TearDown();
     }
     // Hands the model a grid function of its own over the connectivity, with element 3's id 0.
     void UseIdZeroGridFun()
@@ -59,8 +51,6 @@ protected:
         vis_GridFunSet(gf, VIS_GRIDFUN_ELEMASSOC, reinterpret_cast<vis_GridFunc>(ElemAssocIdZero));
         vis_ModelSetObject(model, SYS_GRIDFUN, gf);
     }
-    vis_Model* model = nullptr;
-    vis_Connect* connect = nullptr;
     vis_GridFun* gf = nullptr;
 };
 
@@ -335,6 +325,16 @@ TEST_F(NASFwtCardTest, QuadraticSolidsShellsSpringsMass)
     want += "CHEXA   " + I8(16) + I8(5) + I8(101) + I8(102) + I8(103) + I8(104) + I8(105) + I8(105) + "\n";
     want += kBlank8 + I8(105) + I8(105) + I8(106) + I8(107) + I8(108) + I8(109) + I8(110) + I8(111) + "\n";
     want += kBlank8 + I8(112) + I8(113) + I8(105) + I8(105) + I8(105) + I8(105) + "\n";
+    // Properties in slot order of an 11-slot table: homes k * 2654435761 mod 11 are 1 for 10,
+    // 2 for 9, 3 for 8, 4 for 7. The mass (10) writes no card. The spring 9 has dof 1 set:
+    // PELAS with stiffness, damping and stress coefficient unset, 0. in large fields. Shells 8
+    // and 7: no material (0); thickness "%8s" of .005 and .01 (fixed, trailing zeros cut);
+    // bending ratio 1. and shear ratio 5/6 by default: ".833333333333333" cut to eight
+    // characters, shorter than the exponent form " 8.333E-1", fills the field; no mass 0.
+    want += "$          Element properties\n";
+    want += "PELAS*  " + I16(9) + R("0.", 15) + " " + R("0.", 15) + " " + R("0.", 15) + " \n";
+    want += "PSHELL  " + I8(8) + I8(0) + "    .005" + I8(0) + "     1. " + I8(0) + ".8333333     0. \n";
+    want += "PSHELL  " + I8(7) + I8(0) + "     .01" + I8(0) + "     1. " + I8(0) + ".8333333     0. \n";
     want += "ENDDATA\n";
     EXPECT_EQ(ElementsOf(Write(model, File("cards.bdf"))), want);
     ExpectNoReport();

@@ -137,6 +137,13 @@ TEST_F(NASFwtCaseTest, StaticThenBuckling)
     want += "CORD2R* " + I16(5) + I16(0) + L("1.") + L("2.") + "\n";
     want += "*       " + L("3.") + L("1.") + L("2.") + L("4.") + "\n";
     want += "*       " + L("1.") + L("3.") + L("3.") + "\n";
+    // Load cases in slot order of an 11-slot table: 101 has its home at 101 * 2654435761 mod 11
+    // = 9, 100 at 10. Case 101: one temperature (one node, far below the hundred a default
+    // needs), 100. in seven columns and a blank. Case 100: force (1,0,0) at node 1, length 1.
+    // and direction 1. 0. 0.
+    want += "$          Loads\n";
+    want += "TEMP    " + I8(101) + I8(1) + "   100. \n";
+    want += "FORCE   " + I8(100) + I8(1) + I8(0) + "     1.      1.      0.      0. \n";
     want += "ENDDATA\n";
     EXPECT_EQ(Write(model, path), want);
     ExpectNoReport();
