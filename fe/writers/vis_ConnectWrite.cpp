@@ -1,5 +1,6 @@
 #include "vis_ConnectWrite.h"
 
+#include "vis_ABAFwt.h"
 #include "vis_Connect.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
@@ -52,6 +53,21 @@ void Deck(vis_Connect* c, const char* path)
             vsy_ErrorRecord(&c->ierr, kName, SYS_ERROR_FILE, "pathname= %s", path ? path : "(null)");
     }
     vis_NASFwtDelete(nas);
+    vis_ModelDelete(model);
+}
+
+/* The ABAQUS deck through a temporary model, as the NASTRAN deck above. */
+void Abaqus(vis_Connect* c, const char* path)
+{
+    vis_Model* model = vis_ModelNew();
+    vis_ABAFwt* aba = vis_ABAFwtNew();
+    if (model && aba) {
+        vis_ModelSetObject(model, SYS_CONNECT, c);
+        vis_ABAFwtWriteModel(aba, model, path);
+        if (vis_ABAFwtError(aba) == SYS_ERROR_FILE)
+            vsy_ErrorRecord(&c->ierr, kName, SYS_ERROR_FILE, "pathname= %s", path ? path : "(null)");
+    }
+    vis_ABAFwtDelete(aba);
     vis_ModelDelete(model);
 }
 
@@ -155,6 +171,7 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
         return;
     }
     switch (type) {
+    case 13: Abaqus(connect, path); break;
     case 18: Deck(connect, path); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
