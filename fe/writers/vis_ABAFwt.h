@@ -10,6 +10,8 @@
  * node coordinates are vsy_RealToExp(v, 16, 2, 1, 0). Failures are those of the frame: "path= %s"
  * (code 6) and "GridFun" (code 5).
  *
+ * The all-elements set is "*ELSET, ELSET=EALL, GENERATE", the set name first, because CalculiX
+ * sizes its sets from the first parameter and refuses the GENERATE-first order.
  * Deliberate choices where the format leaves room: face numbers of solids are turned into the
  * format's own numbering (S1 bottom, S2 top, then the sides counter-clockwise from the first
  * edge); a distributed load takes the mean of its corner values; structural loads (forces,

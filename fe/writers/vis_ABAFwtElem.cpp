@@ -242,7 +242,7 @@ void AllElements(vis_ABAFwt* aba)
             if (std::strcmp(name, "EALL") == 0 && n == aba->w.numel) return;
         }
     }
-    std::fprintf(aba->w.fp, "**         All elements set\n*ELSET, GENERATE, ELSET=EALL\n%d, %d\n", 1, aba->maxelem);
+    std::fprintf(aba->w.fp, "**         All elements set\n*ELSET, ELSET=EALL, GENERATE\n%d, %d\n", 1, aba->maxelem);
     Remember(aba, "EALL");
 }
 

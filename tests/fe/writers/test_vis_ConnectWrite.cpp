@@ -269,7 +269,7 @@ TEST_F(ConnectWriteTest, AbaqusRoad)
     want += "11" + z + z + z + "\n12" + one + z + z + "\n13" + one + one + z + "\n";
     want += "**         Elements\n*ELEMENT, TYPE=S3R, ELSET=PID7\n21, 11, 12, 13\n";
     // No group named EALL: the generated set from 1 to the largest element id.
-    want += "**         All elements set\n*ELSET, GENERATE, ELSET=EALL\n1, 21\n";
+    want += "**         All elements set\n*ELSET, ELSET=EALL, GENERATE\n1, 21\n";
     EXPECT_EQ(ReadFile(path), want);
     EXPECT_EQ(vis_ConnectError(c), 0);
 }
