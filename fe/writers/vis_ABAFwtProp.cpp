@@ -207,8 +207,9 @@ std::string LinkSet(vis_ABAFwt* aba, int index, int* featype, int* propid, int* 
 void Spring(vis_ABAFwt* aba, const std::string& set, vis_EProp* prop, int csysid)
 {
     FILE* fp = aba->w.fp;
+    const bool oriented = csysid > 0 && Orientation(aba, csysid);
     std::fprintf(fp, "*SPRING, ELSET=%s", set.c_str());
-    if (csysid > 0 && Orientation(aba, csysid)) std::fprintf(fp, ", ORIENTATION=MCID%d", csysid);
+    if (oriented) std::fprintf(fp, ", ORIENTATION=MCID%d", csysid);
     std::fprintf(fp, "\n%d,%d\n", vis_ABAFwt_EPropInt(prop, 49, 0), vis_ABAFwt_EPropInt(prop, 50, 0));
     vis_ABAFwt_Value(fp, vis_ABAFwt_EPropDouble(prop, 47, 0.0), "\n");
 }
