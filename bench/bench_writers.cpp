@@ -1,4 +1,4 @@
-// Writer benchmark: the NASTRAN deck and the native text and binary forms (vis_ConnectWrite -1,
+// Writer benchmark: the NASTRAN deck, the ABAQUS deck and the native text and binary forms (vis_ConnectWrite -1,
 // -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements,
 // each timed on the wall clock with its bytes and MB/s, beside
 // the floor of the C library: formatting the same coordinates with snprintf("%23.15E") alone
@@ -8,6 +8,7 @@
 // grid point and every element a solid. The tetrahedral mesh splits each cell into six.
 // Run: bench_writers [largest n]. Build in Release for meaningful numbers. The deck goes to
 // /tmp/bench_writers.bdf and is removed.
+#include "vis_ABAFwt.h"
 #include "vis_Connect.h"
 #include "vis_ConnectWrite.h"
 #include "vis_Model.h"
@@ -88,6 +89,24 @@ double SnprintfFloor(int n)
     return Ms(t0);
 }
 
+/* The ABAQUS deck of the same model: time, bytes and MB/s. Its coordinates are the same
+ * "%23.15E" conversions as the NASTRAN grid cards, so the snprintf floor is shared. */
+void Abaqus(vis_Model* model)
+{
+    const char* path = "/tmp/bench_writers.inp";
+    vis_ABAFwt* aba = vis_ABAFwtNew();
+    const Clock::time_point t0 = Clock::now();
+    vis_ABAFwtWriteModel(aba, model, path);
+    const double ms = Ms(t0);
+    const int err = vis_ABAFwtError(aba);
+    vis_ABAFwtDelete(aba);
+    struct stat st {};
+    stat(path, &st);
+    std::remove(path);
+    std::printf("      %-8s %9.1f ms %11lld B %8.1f MB/s%s\n", "abaqus", ms, (long long)st.st_size,
+                st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
+}
+
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
 void Form(vis_Connect* c, int type, const char* label)
 {
@@ -123,6 +142,7 @@ void Run(const char* kind, int n, bool tets)
     std::printf("%-5s %9d elems %9d nodes  nastran %9.1f ms %11lld B %8.1f MB/s  snprintf floor %9.1f ms%s\n", kind,
                 ne, nn, ms, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor,
                 err ? "  (write failed)" : "");
+    Abaqus(model);
     Form(c, -1, "text");
     Form(c, -2, "binary");
     std::fflush(stdout);

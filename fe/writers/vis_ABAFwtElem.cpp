@@ -40,7 +40,27 @@ void PyramidToHex(Elem* e)
     e->n = quadratic ? 20 : 8;
 }
 
-bool Read(vis_ABAFwt* aba, int index, Elem* e)
+/* The associations and ids of a run of elements, read by one call per kind: features,
+ * properties, systems, feaspec, featwod and end releases. */
+struct Run {
+    static constexpr int kTypes[6] = {0, 2, 4, 12, 25, 41};
+    int first = 1, n = 0;
+    int value[6][VIS_WRITER_BLOCK];
+    int id[VIS_WRITER_BLOCK];
+    /* Makes element `index` one of the run's, reading the next run when it is not. */
+    int At(vis_Writer* w, int index)
+    {
+        if (index < first || index >= first + n) {
+            first = index;
+            n = w->numel - index + 1 < VIS_WRITER_BLOCK ? w->numel - index + 1 : VIS_WRITER_BLOCK;
+            for (int t = 0; t < 6; ++t) vis_Writer_ElemAssocs(w, kTypes[t], first, n, value[t]);
+            vis_Writer_ElemIds(w, first, n, id);
+        }
+        return index - first;
+    }
+};
+
+bool Read(vis_ABAFwt* aba, Run* run, int index, Elem* e)
 {
     vis_Writer* w = &aba->w;
     e->index = index;
@@ -48,13 +68,15 @@ bool Read(vis_ABAFwt* aba, int index, Elem* e)
     vis_Writer_ElemNode(w, index, &e->n, e->node);
     if (e->n < 1) return false;
     if (e->shape == SYS_SHAPE_PYR) PyramidToHex(e);
-    e->featype = vis_Writer_ElemAssoc(w, 0, index);
-    e->propid = vis_Writer_ElemAssoc(w, 2, index);
-    e->csysid = vis_Writer_ElemAssoc(w, 4, index);
-    e->feaspec = vis_Writer_ElemAssoc(w, 12, index);
-    e->featwod = vis_Writer_ElemAssoc(w, 25, index);
-    e->id = vis_Writer_ElemId(w, index);
-    e->prop = static_cast<vis_EProp*>(vis_ABAFwt_Find(aba->eprop, e->propid));
+    const int b = run->At(w, index);
+    e->featype = run->value[0][b];
+    const int propid = run->value[1][b];
+    if (propid != e->propid || !e->prop) e->prop = static_cast<vis_EProp*>(vis_ABAFwt_Find(aba->eprop, propid));
+    e->propid = propid;
+    e->csysid = run->value[2][b];
+    e->feaspec = run->value[3][b];
+    e->featwod = run->value[4][b];
+    e->id = run->id[b];
     return true;
 }
 
@@ -260,8 +282,9 @@ const char* ReleaseText(int bits)
 void Releases(vis_ABAFwt* aba)
 {
     bool open = false;
+    Run run;
     for (int i = 1; i <= aba->w.numel; ++i) {
-        const int bits = vis_Writer_ElemAssoc(&aba->w, 41, i);
+        const int bits = run.value[5][run.At(&aba->w, i)];
         if (bits == 0) continue;
         if (!open) std::fputs("**         End releases\n*RELEASE\n", aba->w.fp);
         open = true;
@@ -287,9 +310,10 @@ void DofRuns(FILE* fp, int node, int flags)
 void Couplings(vis_ABAFwt* aba)
 {
     bool dist = false, kine = false;
-    Elem e;
+    Elem e{};
+    Run run;
     for (int i = 1; i <= aba->w.numel; ++i) {
-        if (vis_Writer_ElemAssoc(&aba->w, 0, i) != 10 || !Read(aba, i, &e) || e.n < 1) continue;
+        if (run.value[0][run.At(&aba->w, i)] != 10 || !Read(aba, &run, i, &e)) continue;
         Ids(aba, &e);
         int dep = 63;
         if (e.prop) vis_EPropValueInteger(e.prop, 86, &dep);
@@ -327,9 +351,19 @@ void vis_ABAFwt_Elems(vis_ABAFwt* aba)
     Header cur{}, h{};
     cur.type[0] = cur.elset[0] = '\0';
     Queue queue;
-    Elem e;
+    Elem e{};
+    Run run;
+    int key[8] = {-1}, known = 0;
     for (int i = 1; i <= aba->w.numel; ++i) {
-        if (!Read(aba, i, &e) || !HeaderOf(aba, &e, &h)) continue;
+        if (!Read(aba, &run, i, &e)) continue;
+        /* The header depends on these alone (and on the id for one-element sets). */
+        const int now[8] = {e.featype, e.propid, e.csysid, e.feaspec, e.featwod, e.n, e.shape,
+                            e.featype == 7 || e.featype == 10 ? e.id : 0};
+        if (std::memcmp(now, key, sizeof key) != 0) {
+            std::memcpy(key, now, sizeof key);
+            known = HeaderOf(aba, &e, &h);
+        }
+        if (!known) continue;
         if (std::strcmp(h.type, cur.type) != 0 || std::strcmp(h.elset, cur.elset) != 0) {
             queue.Flush(aba);
             cur = h;
