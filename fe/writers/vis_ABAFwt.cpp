@@ -2,6 +2,7 @@
 
 #include "vis_ABAFwtInternal.h"
 #include "vis_EProp.h"
+#include "vis_IdTran.h"
 #include "vis_Model.h"
 #include "vis_SProp.h"
 #include "vsy_Dictionary.h"
@@ -10,6 +11,7 @@
 #include "vsy_IntHash.h"
 #include "vsy_List.h"
 #include "vsy_RealText.h"
+#include "vsy_Util.h"
 
 #include <cstring>
 
@@ -121,6 +123,12 @@ void* vis_ABAFwt_Find(vsy_HashTable* tab, int key)
     void* value = nullptr;
     if (tab) vsy_HashTableGet(tab, key, &value);
     return value;
+}
+
+void vis_ABAFwt_GroupName(vis_IdTran* group, char* out, int size)
+{
+    out[0] = '\0';
+    if (group && group->name) vsy_StrCopy(out, group->name, size);
 }
 
 int vis_ABAFwt_Real(double value, char* out)

@@ -258,8 +258,8 @@ void AllElements(vis_ABAFwt* aba)
             void* value = nullptr;
             vsy_HashTableNextIter(aba->elemgroup, &key, &value);
             if (!value) break;
-            char name[1024] = "";
-            vis_IdTranGetName(static_cast<vis_IdTran*>(value), name);
+            char name[8];
+            vis_ABAFwt_GroupName(static_cast<vis_IdTran*>(value), name, sizeof name);
             vis_IdTranNum(static_cast<vis_IdTran*>(value), &n);
             if (std::strcmp(name, "EALL") == 0 && n == aba->w.numel) return;
         }
@@ -307,36 +307,44 @@ void DofRuns(FILE* fp, int node, int flags)
     }
 }
 
-void Couplings(vis_ABAFwt* aba)
+void Distributing(FILE* fp, const Elem& e)
 {
-    bool dist = false, kine = false;
+    std::fprintf(fp, "*DISTRIBUTING COUPLING, ELSET=PID%d_ID%d\n", e.propid, e.id);
+    /* Weights of parameter 84 (as many as parameter 83 says), 1 where there is none. */
+    double weight[kMaxNode];
+    for (double& v : weight) v = 1.0;
+    if (e.prop && vis_ABAFwt_EPropInt(e.prop, 83, 0) <= kMaxNode) vis_EPropValueDouble(e.prop, 84, weight);
+    for (int k = 1; k < e.n; ++k) {
+        std::fprintf(fp, "%d, ", e.node[k]);
+        vis_ABAFwt_Value(fp, weight[k - 1], "\n");
+    }
+}
+
+/* The reference node and the dependent nodes' dof runs (parameter 86, all six by default). */
+void Kinematic(FILE* fp, const Elem& e)
+{
+    int dep = 63;
+    if (e.prop) vis_EPropValueInteger(e.prop, 86, &dep);
+    std::fprintf(fp, "*KINEMATIC COUPLING, REF NODE=%d", e.node[0]);
+    if (e.csysid > 0) std::fprintf(fp, ", ORIENTATION=KINECID%d\n", e.csysid);
+    else std::fputc('\n', fp);
+    for (int k = 1; k < e.n; ++k) DofRuns(fp, e.node[k], dep);
+}
+
+/* Rigid elements: distributing couplings (feaspec 1 or 4) first, then kinematic ones (0). */
+void Couplings(vis_ABAFwt* aba, bool kinematic)
+{
+    bool open = false;
     Elem e{};
     Run run;
     for (int i = 1; i <= aba->w.numel; ++i) {
         if (run.value[0][run.At(&aba->w, i)] != 10 || !Read(aba, &run, i, &e)) continue;
+        if (kinematic ? e.feaspec != 0 : e.feaspec != 1 && e.feaspec != 4) continue;
         Ids(aba, &e);
-        int dep = 63;
-        if (e.prop) vis_EPropValueInteger(e.prop, 86, &dep);
-        FILE* fp = aba->w.fp;
-        if (e.feaspec == 1 || e.feaspec == 4) {
-            if (!dist) std::fputs("**         Distributing couplings\n", fp);
-            dist = true;
-            std::fprintf(fp, "*DISTRIBUTING COUPLING, ELSET=PID%d_ID%d\n", e.propid, e.id);
-            for (int k = 1; k < e.n; ++k) {
-                double weight[64];
-                weight[k - 1] = 1.0;
-                if (e.prop && e.n - 1 <= 64) vis_EPropValueDouble(e.prop, 84, weight);
-                std::fprintf(fp, "%d, ", e.node[k]);
-                vis_ABAFwt_Reals(fp, 1, &weight[k - 1], "\n");
-            }
-        } else if (e.feaspec == 0) {
-            if (!kine) std::fputs("**         Kinematic couplings\n", fp);
-            kine = true;
-            std::fprintf(fp, "*KINEMATIC COUPLING, REF NODE=%d", e.node[0]);
-            if (e.csysid > 0) std::fprintf(fp, ", ORIENTATION=KINECID%d\n", e.csysid);
-            else std::fputc('\n', fp);
-            for (int k = 1; k < e.n; ++k) DofRuns(fp, e.node[k], dep);
-        }
+        if (!open) std::fputs(kinematic ? "**         Kinematic couplings\n" : "**         Distributing couplings\n", aba->w.fp);
+        open = true;
+        if (kinematic) Kinematic(aba->w.fp, e);
+        else Distributing(aba->w.fp, e);
     }
 }
 
@@ -380,5 +388,6 @@ void vis_ABAFwt_Elems(vis_ABAFwt* aba)
     queue.Flush(aba);
     AllElements(aba);
     Releases(aba);
-    Couplings(aba);
+    Couplings(aba, false);
+    Couplings(aba, true);
 }

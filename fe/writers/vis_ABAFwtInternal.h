@@ -12,6 +12,7 @@ struct vis_EProp;
 struct vis_MProp;
 struct vis_SProp;
 struct vis_LCase;
+struct vis_IdTran;
 
 /* Nodes, transforms (vis_ABAFwtMesh.cpp). */
 void vis_ABAFwt_Nodes(vis_ABAFwt* aba);
@@ -39,6 +40,9 @@ struct vis_SProp* vis_ABAFwt_Step(vis_ABAFwt* aba, int pos);
 /* An object of a model table by key, or null. */
 void* vis_ABAFwt_Find(struct vsy_HashTable* tab, int key);
 
+/* The name of a group into `out` of `size` bytes, cut when longer (the group's own read has no
+ * bound). */
+void vis_ABAFwt_GroupName(struct vis_IdTran* group, char* out, int size);
 /* The data line text of a real: vsy_RealToField(value, 16, 1, 1). Returns its length. */
 int vis_ABAFwt_Real(double value, char* out);
 /* Writes n reals separated by ", ", then `end` ("\n", ",\n" or ""). */

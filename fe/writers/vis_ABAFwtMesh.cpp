@@ -44,10 +44,10 @@ void AllNodesName(vis_ABAFwt* aba)
         if (!value) return;
         vis_IdTran* group = static_cast<vis_IdTran*>(value);
         if (!CoversAll(group, aba->w.numnp)) continue;
-        char name[1024] = "";
-        vis_IdTranGetName(group, name);
+        char name[VIS_ABAFWT_NAMELEN];
+        vis_ABAFwt_GroupName(group, name, VIS_ABAFWT_NAMELEN);
         if (name[0] == '\0') continue;
-        vsy_StrCopy(aba->nall, name, VIS_ABAFWT_NAMELEN);
+        std::strcpy(aba->nall, name);
         vsy_StrReplace(aba->nall, '.', '_');
         return;
     }

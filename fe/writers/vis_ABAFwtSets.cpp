@@ -12,10 +12,8 @@ namespace {
 /* The set name of a group: '.' becomes '_', an empty name "NODE_SET%d" or "ELEM_SET%d". */
 void SetName(vis_IdTran* group, int key, bool nodes, char* name, int size)
 {
-    char raw[1024] = "";
-    vis_IdTranGetName(group, raw);
-    if (raw[0] == '\0') std::snprintf(name, size, nodes ? "NODE_SET%d" : "ELEM_SET%d", key);
-    else vsy_StrCopy(name, raw, size);
+    vis_ABAFwt_GroupName(group, name, size);
+    if (name[0] == '\0') std::snprintf(name, size, nodes ? "NODE_SET%d" : "ELEM_SET%d", key);
     vsy_StrReplace(name, '.', '_');
 }
 
@@ -48,7 +46,7 @@ void Sets(vis_ABAFwt* aba, vsy_HashTable* tab, bool nodes)
         vsy_HashTableNextIter(tab, &key, &value);
         if (!value) return;
         vis_IdTran* group = static_cast<vis_IdTran*>(value);
-        char name[VIS_ABAFWT_NAMELEN + 16];
+        char name[VIS_ABAFWT_NAMELEN]; /* names are cut at 80 characters, as the format allows */
         SetName(group, key, nodes, name, sizeof name);
         void* known = nullptr;
         if (nodes && std::strcmp(name, aba->nall) == 0) continue;

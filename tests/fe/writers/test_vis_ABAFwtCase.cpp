@@ -217,3 +217,41 @@ TEST_F(ABAFwtCaseTest, GapsSpringsAndCircularBeams)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ABAFwtCaseTest, RigidCouplings)
+{
+    // Two rigid elements of property 7 on nodes 1, 2, 3: element 1 (feaspec 0) a kinematic
+    // coupling, no element line; element 2 (feaspec 1) a coupling element of one node in its
+    // own set, and a distributing coupling.
+    MeshElem kin{SYS_SHAPE_LINE, 3, 0, 10, 7, 1, Seq(3)}, dist{SYS_SHAPE_LINE, 3, 0, 10, 7, 2, Seq(3)};
+    dist.feaspec = 1;
+    Mesh(Origin(3), {kin, dist});
+    vis_EProp* rigid = Prop(7, 10);
+    const int dep[1] = {7};
+    const double weight[1] = {2.0};
+    vis_EPropSetValuei(rigid, 83, 1);
+    vis_EPropSetValueiv(rigid, 86, dep);
+    vis_EPropSetValuedv(rigid, 84, weight);
+    std::string want = "**         Elements\n*ELEMENT, TYPE=DCOUP3D, ELSET=PID7_ID2\n2, 1\n" + Eall(2);
+    // Distributing: the weight 2 of parameter 84 for node 2, 1 for node 3 beyond its count.
+    want += "**         Distributing couplings\n*DISTRIBUTING COUPLING, ELSET=PID7_ID2\n2, 2.\n3, 1.\n";
+    // Kinematic: reference node 1; dependent flags 7 are dofs 1 to 3, one run per node.
+    want += "**         Kinematic couplings\n*KINEMATIC COUPLING, REF NODE=1\n2, 1, 3\n3, 1, 3\n";
+    want += "**         Element properties\n";
+    EXPECT_EQ(From(Deck(), "**         Elements\n"), want);
+}
+
+TEST_F(ABAFwtCaseTest, LongGroupNamesAreCut)
+{
+    // A node set name longer than any buffer of the writer: the deck holds its first 80
+    // characters and nothing overruns.
+    Mesh(Origin(2), {});
+    const std::string longname(3000, 'n');
+    Group(SYS_NODEGROUP, 1, longname.c_str(), {1});
+    const std::string deck = Deck();
+    EXPECT_NE(deck.find("*NSET, NSET=" + longname.substr(0, 80) + "\n1,\n"), std::string::npos) << deck.substr(0, 400);
+}
+
+}  // namespace
