@@ -183,11 +183,6 @@ int vis_ABAFwt_Face(int shape, int no)
     }
 }
 
-int vis_ABAFwt_Oriented(int featype)
-{
-    return featype == 7 || featype == 9;
-}
-
 vis_ABAFwt* vis_ABAFwtNew(void)
 {
     vis_ABAFwt* aba = static_cast<vis_ABAFwt*>(vsy_Malloc(sizeof(vis_ABAFwt)));

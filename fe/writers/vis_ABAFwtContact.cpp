@@ -142,14 +142,7 @@ void vis_ABAFwt_Contacts(vis_ABAFwt* aba)
 {
     if (!aba->cpair) return;
     std::fputs("**         Contact pairs and Co-simulation\n", aba->w.fp);
-    vsy_HashTableInitIterOrder(aba->cpair);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(aba->cpair, &key, &value);
-        if (!value) return;
-        Contact(aba, key, static_cast<vis_CPair*>(value));
-    }
+    vis_ABAFwt_Ordered(aba->cpair, [aba](int key, void* value) { Contact(aba, key, static_cast<vis_CPair*>(value)); });
 }
 
 void vis_ABAFwt_Constraints(vis_ABAFwt* aba, int id)

@@ -251,19 +251,16 @@ void MarkThickness(vis_ABAFwt* aba, const Elem* e, vis_ElemDat* thick)
 
 void AllElements(vis_ABAFwt* aba)
 {
-    if (aba->elemgroup) {
-        vsy_HashTableInitIterOrder(aba->elemgroup);
-        for (;;) {
-            int key = 0, n = 0;
-            void* value = nullptr;
-            vsy_HashTableNextIter(aba->elemgroup, &key, &value);
-            if (!value) break;
+    bool named = false;
+    if (aba->elemgroup)
+        vis_ABAFwt_Ordered(aba->elemgroup, [aba, &named](int, void* value) {
+            int n = 0;
             char name[8];
             vis_ABAFwt_GroupName(static_cast<vis_IdTran*>(value), name, sizeof name);
             vis_IdTranNum(static_cast<vis_IdTran*>(value), &n);
-            if (std::strcmp(name, "EALL") == 0 && n == aba->w.numel) return;
-        }
-    }
+            named = named || (std::strcmp(name, "EALL") == 0 && n == aba->w.numel);
+        });
+    if (named) return;
     std::fprintf(aba->w.fp, "**         All elements set\n*ELSET, ELSET=EALL, GENERATE\n%d, %d\n", 1, aba->maxelem);
     Remember(aba, "EALL");
 }

@@ -5,6 +5,7 @@
 
 #include "vis_ABAFwt.h"
 #include "vis_ElemTopology.h"
+#include "vsy_HashTable.h"
 
 #include <cstdio>
 
@@ -35,6 +36,20 @@ void vis_ABAFwt_Initial(vis_ABAFwt* aba, int id);
 void vis_ABAFwt_Steps(vis_ABAFwt* aba);
 void vis_ABAFwt_Loads(vis_ABAFwt* aba, struct vis_SProp* step);
 
+/* Calls f(key, object) for every object of a model table in ascending key order. */
+template <class F>
+void vis_ABAFwt_Ordered(vsy_HashTable* tab, F f)
+{
+    vsy_HashTableInitIterOrder(tab);
+    for (;;) {
+        int key = 0;
+        void* value = nullptr;
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) return;
+        f(key, value);
+    }
+}
+
 /* Solution step `pos` of the list (from 1), or null. */
 struct vis_SProp* vis_ABAFwt_Step(vis_ABAFwt* aba, int pos);
 /* An object of a model table by key, or null. */
@@ -54,7 +69,5 @@ int vis_ABAFwt_EPropInt(struct vis_EProp* prop, int code, int def);
 double vis_ABAFwt_EPropDouble(struct vis_EProp* prop, int code, double def);
 /* The format's face number of face `no` (from 1) of a solid of `shape`. */
 int vis_ABAFwt_Face(int shape, int no);
-/* Element feature codes that get a set per orientation system as well. */
-int vis_ABAFwt_Oriented(int featype);
 
 #endif

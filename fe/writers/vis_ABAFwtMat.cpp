@@ -83,12 +83,5 @@ void vis_ABAFwt_Materials(vis_ABAFwt* aba)
 {
     if (!aba->mprop) return;
     std::fputs("**         Material properties\n", aba->w.fp);
-    vsy_HashTableInitIterOrder(aba->mprop);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(aba->mprop, &key, &value);
-        if (!value) return;
-        Material(aba->w.fp, key, static_cast<vis_MProp*>(value));
-    }
+    vis_ABAFwt_Ordered(aba->mprop, [aba](int key, void* value) { Material(aba->w.fp, key, static_cast<vis_MProp*>(value)); });
 }

@@ -36,21 +36,16 @@ void AllNodesName(vis_ABAFwt* aba)
 {
     std::strcpy(aba->nall, "NALL");
     if (!aba->nodegroup) return;
-    vsy_HashTableInitIterOrder(aba->nodegroup);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(aba->nodegroup, &key, &value);
-        if (!value) return;
+    bool found = false;
+    vis_ABAFwt_Ordered(aba->nodegroup, [aba, &found](int, void* value) {
         vis_IdTran* group = static_cast<vis_IdTran*>(value);
-        if (!CoversAll(group, aba->w.numnp)) continue;
         char name[VIS_ABAFWT_NAMELEN];
         vis_ABAFwt_GroupName(group, name, VIS_ABAFWT_NAMELEN);
-        if (name[0] == '\0') continue;
+        if (found || name[0] == '\0' || !CoversAll(group, aba->w.numnp)) return;
+        found = true;
         std::strcpy(aba->nall, name);
         vsy_StrReplace(aba->nall, '.', '_');
-        return;
-    }
+    });
 }
 
 /* "%d" and three ",%16s" coordinates in exponent form with at least two exponent digits. */

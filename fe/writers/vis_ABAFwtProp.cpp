@@ -291,14 +291,7 @@ void vis_ABAFwt_Props(vis_ABAFwt* aba)
 {
     if (!aba->eprop) return;
     std::fputs("**         Element properties\n", aba->w.fp);
-    vsy_HashTableInitIterOrder(aba->eprop);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(aba->eprop, &key, &value);
-        if (!value) break;
-        Section(aba, key, static_cast<vis_EProp*>(value));
-    }
+    vis_ABAFwt_Ordered(aba->eprop, [aba](int key, void* value) { Section(aba, key, static_cast<vis_EProp*>(value)); });
     LinkSections(aba);
     if (auto* thick = static_cast<vis_ElemDat*>(vis_ABAFwt_Find(aba->elemdat, 2))) NodalThickness(aba, thick);
 }

@@ -39,21 +39,15 @@ void Set(vis_ABAFwt* aba, vis_IdTran* group, bool nodes, const char* name)
 void Sets(vis_ABAFwt* aba, vsy_HashTable* tab, bool nodes)
 {
     std::fputs(nodes ? "**         Node sets\n" : "**         Element sets\n", aba->w.fp);
-    vsy_HashTableInitIterOrder(tab);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) return;
+    vis_ABAFwt_Ordered(tab, [aba, nodes](int key, void* value) {
         vis_IdTran* group = static_cast<vis_IdTran*>(value);
         char name[VIS_ABAFWT_NAMELEN]; /* names are cut at 80 characters, as the format allows */
         SetName(group, key, nodes, name, sizeof name);
         void* known = nullptr;
-        if (nodes && std::strcmp(name, aba->nall) == 0) continue;
+        if (nodes && std::strcmp(name, aba->nall) == 0) return;
         if (!nodes) vsy_DictionaryGet(aba->names, name, &known);
-        if (known) continue;
-        Set(aba, group, nodes, name);
-    }
+        if (!known) Set(aba, group, nodes, name);
+    });
 }
 
 }  // namespace
