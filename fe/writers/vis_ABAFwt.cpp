@@ -101,6 +101,8 @@ void DropTables(vis_ABAFwt* aba)
     vsy_DictionaryDelete(aba->names);
     vsy_IntHashDelete(aba->nodalthick);
     vsy_IntHashDelete(aba->orients);
+    vsy_Free(aba->nodeids);
+    aba->nodeids = nullptr;
     aba->names = nullptr;
     aba->nodalthick = aba->orients = nullptr;
 }

@@ -56,6 +56,8 @@ typedef struct vis_ABAFwt {
     struct vsy_Dictionary* names;      /* element set names defined by the writer */
     struct vsy_IntHash* nodalthick;    /* properties marked for nodal thickness */
     struct vsy_IntHash* orients;       /* orientation ids already written */
+    int* nodeids;                      /* printed id of each node index, read once for the
+                                          element lines; null when it could not be allocated */
     int maxelem, maxnode;              /* largest element and node ids */
     int beamorient;                    /* beams met, which need an orientation */
     int sect[VIS_ABAFWT_NSECT];        /* load sections opened in an earlier step */

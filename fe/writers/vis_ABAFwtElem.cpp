@@ -80,9 +80,17 @@ bool Read(vis_ABAFwt* aba, Run* run, int index, Elem* e)
     return true;
 }
 
+/* Node indices to printed ids, from the table of the node pass when there is one. */
 void Ids(vis_ABAFwt* aba, Elem* e)
 {
-    vis_Writer_NodeIds(&aba->w, e->n, e->node);
+    if (!aba->nodeids) {
+        vis_Writer_NodeIds(&aba->w, e->n, e->node);
+        return;
+    }
+    for (int i = 0; i < e->n; ++i) {
+        const int node = e->node[i];
+        e->node[i] = node >= 1 && node <= aba->w.numnp ? aba->nodeids[node] : 0;
+    }
 }
 
 /* "%s%d" of a prefix and the node count. */
@@ -359,7 +367,11 @@ void vis_ABAFwt_Elems(vis_ABAFwt* aba)
     Elem e{};
     Run run;
     int key[8] = {-1}, known = 0;
+    bool releases = false, rigid = false;  /* whether the passes below have anything to write */
     for (int i = 1; i <= aba->w.numel; ++i) {
+        const int b = run.At(&aba->w, i);
+        releases = releases || run.value[5][b] != 0;
+        rigid = rigid || run.value[0][b] == 10;
         if (!Read(aba, &run, i, &e)) continue;
         /* The header depends on these alone (and on the id for one-element sets). */
         const int now[8] = {e.featype, e.propid, e.csysid, e.feaspec, e.featwod, e.n, e.shape,
@@ -384,7 +396,6 @@ void vis_ABAFwt_Elems(vis_ABAFwt* aba)
     }
     queue.Flush(aba);
     AllElements(aba);
-    Releases(aba);
-    Couplings(aba, false);
-    Couplings(aba, true);
+    if (releases) Releases(aba);
+    if (rigid) Couplings(aba, false), Couplings(aba, true);
 }

@@ -2,6 +2,7 @@
 #include "vis_ABAFwtInternal.h"
 #include "vis_CoordSys.h"
 #include "vis_IdTran.h"
+#include "vsy_Error.h"
 #include "vsy_Field.h"
 #include "vsy_HashTable.h"
 #include "vsy_IntHash.h"
@@ -104,6 +105,7 @@ void vis_ABAFwt_Nodes(vis_ABAFwt* aba)
 {
     vis_Writer* w = &aba->w;
     AllNodesName(aba);
+    aba->nodeids = static_cast<int*>(vsy_Malloc(sizeof(int) * (static_cast<size_t>(w->numnp) + 1)));
     std::fprintf(w->fp, "**         Nodes\n*NODE, NSET=%s\n", aba->nall);
     int ft[VIS_WRITER_BLOCK], id[VIS_WRITER_BLOCK];
     for (int first = 1; first <= w->numnp; first += VIS_WRITER_BLOCK) {
@@ -111,6 +113,7 @@ void vis_ABAFwt_Nodes(vis_ABAFwt* aba)
         vis_Writer_NodeAssocs(w, 0, first, n, ft);
         for (int i = 0; i < n; ++i) id[i] = first + i;
         vis_Writer_NodeIds(w, n, id);
+        if (aba->nodeids) std::memcpy(aba->nodeids + first, id, sizeof(int) * static_cast<size_t>(n));
         for (int i = 0; i < n; ++i) {
             if (ft[i] == 0 || ft[i] == 2) continue;
             double x[3];
