@@ -1,25 +1,28 @@
 /* vis_ABAFwt: the ABAQUS input deck writer.
  *
  * vis_ABAFwtWriteModel writes a vis_Model, opened in "w" mode, in this order: heading, nodes,
- * transform node sets and transforms, elements in runs of one header per feature, node count,
- * property (and system, for springs, gaps and rotary inertia), the all-elements set "EALL",
- * end releases and kinematic couplings, node and element sets, element properties with their
- * orientations, materials, contact surfaces and pairs, multipoint constraints and initial
- * conditions of the first step, and one *STEP per solution step with its boundary conditions,
- * loads and output requests. Every real of a data line is vsy_RealToField(v, 16, 1, 1) and
- * node coordinates are vsy_RealToExp(v, 16, 2, 1, 0). Failures are those of the frame: "path= %s"
- * (code 6) and "GridFun" (code 5).
+ * transform node sets and transforms, elements in runs under one header per feature, node
+ * count, property (and system, for springs, gaps and rotary inertia), the all-elements set
+ * "EALL", end releases, distributing and kinematic couplings, node and element sets, element
+ * properties with their orientations, materials, contact surfaces and pairs, the multipoint
+ * constraints and initial conditions of the first step, and one *STEP per solution step with
+ * its boundary conditions, loads and output requests. Every real of a data line is
+ * vsy_RealToField(v, 16, 1, 1); node coordinates are vsy_RealToExp(v, 16, 2, 1, 0). Failures
+ * are those of the frame: "path= %s" (code 6) and "GridFun" (code 5).
  *
  * The all-elements set is "*ELSET, ELSET=EALL, GENERATE", the set name first, because CalculiX
  * sizes its sets from the first parameter and refuses the GENERATE-first order.
- * Deliberate choices where the format leaves room: face numbers of solids are turned into the
- * format's own numbering (S1 bottom, S2 top, then the sides counter-clockwise from the first
- * edge); a distributed load takes the mean of its corner values; structural loads (forces,
- * temperatures, pressures, tractions, body loads) go into a stress deck and heat loads (sources,
- * fluxes, films) into a heat deck; the temperature block gives the all-nodes set 0.0 first.
- * Not written: time curves as amplitudes and curve-based material values (a value that names a
- * curve is left out), distributing couplings, interface elements, edge heat loads at nodes
- * (*CFLUX and *CFILM of edges), element normals.
+ * Choices where the format leaves room: face numbers of solids are turned into the format's
+ * own (S1 bottom, S2 top, then the sides from the first edge on); a distributed load takes the
+ * mean of its corner values; structural loads (forces, temperatures, pressures, tractions, body
+ * loads) go into a stress deck and heat loads (sources, fluxes, films) into a heat deck; the
+ * temperature block gives the all-nodes set 0.0 first; the end releases read the rotation bits
+ * of each end (dof 4 torsion, 5 and 6 the moments); queued rotary inertia elements form the set
+ * "PID%d_CID%d" of their mass; a step of kind 5 is a frequency step; heat flux requests go
+ * under "*EL FILE" without a position; set names are cut at 80 characters.
+ * Not written: time curves as amplitudes and curve-based material values, which the property
+ * objects cannot hold; interface elements; edge heat loads at nodes (*CFLUX and *CFILM of
+ * edges); element normals; the orientation a kinematic coupling names.
  */
 #ifndef VIS_ABAFWT_H
 #define VIS_ABAFWT_H
