@@ -151,6 +151,7 @@ protected:
     {
         File("job.inp");
         for (const char* ext : {".frd", ".dat", ".sta", ".cvg", ".12d", ".log", ".equ", "_main.inp"}) File(std::string("job") + ext);
+        File("spooles.out");
         WriteAba(model, dir + "/job.inp");
         const std::string cmd = "cd '" + dir + "' && OMP_NUM_THREADS=1 ccx -i job > job.log 2>&1";
         const int status = std::system(cmd.c_str());
