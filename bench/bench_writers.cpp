@@ -1,6 +1,6 @@
-// Writer benchmark: the NASTRAN deck and the native text and binary forms (vis_ConnectWrite -1,
-// -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements,
-// each timed on the wall clock with its bytes and MB/s, beside
+// Writer benchmark: the NASTRAN deck, the ABAQUS deck and the native text and binary forms
+// (vis_ConnectWrite -1, -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5
+// and 10^6 elements, each timed on the wall clock with its bytes and MB/s, beside
 // the floor of the C library: formatting the same coordinates with snprintf("%23.15E") alone
 // into a buffer, as the deck's grid cards need them, with no file and no element.
 //
@@ -13,6 +13,7 @@
 // Run: bench_writers [largest n]. Build in Release for meaningful numbers. The decks go to
 // bench_writers.<pid>.* in /dev/shm (else /tmp) and are removed. Processor times stand beside
 // the wall times: on a shared machine they vary less.
+#include "vis_ABAFwt.h"
 #include "vis_Connect.h"
 #include "vis_ConnectWrite.h"
 #include "vis_EProp.h"
@@ -122,6 +123,26 @@ double SnprintfFloor(int n, double* cpu)
     return Ms(t0);
 }
 
+/* The ABAQUS deck of the same model: time, bytes and MB/s. Its coordinates are the same
+ * "%23.15E" conversions as the NASTRAN grid cards, so the snprintf floor is shared. */
+void Abaqus(vis_Model* model)
+{
+    const std::string deck = ScratchPath("inp");
+    const char* path = deck.c_str();
+    vis_ABAFwt* aba = vis_ABAFwtNew();
+    const Clock::time_point t0 = Clock::now();
+    const double c0 = CpuMs();
+    vis_ABAFwtWriteModel(aba, model, path);
+    const double ms = Ms(t0), cpu = CpuMs() - c0;
+    const int err = vis_ABAFwtError(aba);
+    vis_ABAFwtDelete(aba);
+    struct stat st {};
+    stat(path, &st);
+    std::remove(path);
+    std::printf("      %-8s %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s%s\n", "abaqus", ms, cpu, (long long)st.st_size,
+                st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
+}
+
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
 void Form(vis_Connect* c, int type, const char* label)
 {
@@ -162,6 +183,7 @@ void Run(const char* kind, int n, bool tets)
                 "(cpu %7.1f)%s\n",
                 kind, ne, nn, ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
                 err ? "  (write failed)" : "");
+    Abaqus(model);
     Form(c, -1, "text");
     Form(c, -2, "binary");
     std::fflush(stdout);

@@ -32,8 +32,9 @@ protected:
 TEST_F(ConnectWriteTest, RefusedCodes)
 {
     c = TwoTriangles();
-    // 0 and unknown codes; writers not built yet; surface triangles not built yet.
-    for (int type : {0, 5, 11, 13, 14, 20, 22, 25, 41, -7}) {
+    // 0 and unknown codes; writers not built yet; surface triangles not built yet. Code 13,
+    // the ABAQUS deck, is built and has its own test below.
+    for (int type : {0, 5, 11, 14, 20, 22, 25, 41, -7}) {
         Reports().clear();
         vis_ConnectWrite(c, type, File("refused").c_str());
         ExpectOnlyReport("vis_ConnectWrite", 2, "type= " + std::to_string(type));
@@ -250,6 +251,41 @@ TEST_F(ConnectWriteTest, NastranRoad)
     want += "ENDDATA\n";
     EXPECT_EQ(ReadFile(path), want);
     EXPECT_EQ(vis_ConnectError(c), 0);
+}
+
+TEST_F(ConnectWriteTest, AbaqusRoad)
+{
+    // The same mesh as an ABAQUS deck: no step list, so the default title; no node group, so
+    // the all-nodes set is NALL; a shell triangle is S3R under the set of its property 7.
+    c = BuildMesh({{{0, 0, 0}, 11, 1, 0}, {{1, 0, 0}, 12, 1, 0}, {{1, 1, 0}, 13, 1, 0}},
+                  {{SYS_SHAPE_TRI, 0, 0, 2, 7, 21, {1, 2, 3}}});
+    const std::string path = File("DisplayCAD-connect.inp");
+    vis_ConnectWrite(c, 13, path.c_str());
+    ExpectNoReport();
+    // Coordinates: "%23.15E" then two exponent digits kept (minexp 2) and 16 characters, a
+    // blank for the sign: " 0.000000000E+00", after a comma.
+    const std::string z = ", 0.000000000E+00", one = ", 1.000000000E+00";
+    std::string want = "*HEADING\nABAQUS input deck\n**         Nodes\n*NODE, NSET=NALL\n";
+    want += "11" + z + z + z + "\n12" + one + z + z + "\n13" + one + one + z + "\n";
+    want += "**         Elements\n*ELEMENT, TYPE=S3R, ELSET=PID7\n21, 11, 12, 13\n";
+    // No group named EALL: the generated set from 1 to the largest element id.
+    want += "**         All elements set\n*ELSET, ELSET=EALL, GENERATE\n1, 21\n";
+    EXPECT_EQ(ReadFile(path), want);
+    EXPECT_EQ(vis_ConnectError(c), 0);
+}
+
+TEST_F(ConnectWriteTest, AbaqusRoadUnopenable)
+{
+    c = TwoTriangles();
+    const std::string bad = dir + "/missing/x.inp";
+    Reports().clear();
+    vis_ConnectWrite(c, 13, bad.c_str());
+    // The writer's own report, then the dispatcher's.
+    ASSERT_EQ(Reports().size(), 2u);
+    EXPECT_EQ(Reports()[0].name, "vis_ABAFwtWriteModel");
+    EXPECT_EQ(Reports()[1].name, "vis_ConnectWrite");
+    EXPECT_EQ(Reports()[1].code, 6);
+    EXPECT_EQ(vis_ConnectError(c), 6);
 }
 
 }  // namespace
