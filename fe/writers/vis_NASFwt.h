@@ -13,8 +13,7 @@
  * properties and materials take theirs from the element, node and property counters.
  *
  * Not yet written: interface elements on the face of a solid (lines and plane forms are
- * written); Lagrange quadrilaterals and solids, which no card of this deck holds;
- * vis_NASFwtWriteState. A pyramid is a CHEXA with its apex four times (of order 3 also on
+ * written); Lagrange quadrilaterals and solids, which no card of this deck holds. A pyramid is a CHEXA with its apex four times (of order 3 also on
  * the collapsed top edges). The SPC* card of a prescribed value names the case before the
  * node, in the order of the SPC card's fields (vis_NASFwtCons.cpp).
  */
@@ -27,6 +26,7 @@ struct vsy_HashTable;
 struct vsy_IntHash;
 struct vsy_List;
 struct vis_Model;
+struct vis_State;
 
 /* Room for the copy of the output path; a longer path is cut in the copy (the stem of the
  * executive control), not in the open. */
@@ -57,5 +57,8 @@ vis_NASFwt* vis_NASFwtNew(void);
 void vis_NASFwtDelete(vis_NASFwt* nas);
 int vis_NASFwtError(vis_NASFwt* nas);
 void vis_NASFwtWriteModel(vis_NASFwt* nas, struct vis_Model* model, const char* path);
+/* A node result state (up to six components) as a punch file of displacement records; see
+ * vis_NASFwtState.cpp for the layout and the reports. */
+void vis_NASFwtWriteState(vis_NASFwt* nas, struct vis_State* state, const char* path);
 
 #endif
