@@ -138,6 +138,10 @@ static void DrawScripted(TevBasicViewer* viewer)
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && std::strcmp(argv[1], "--help") == 0) {
+        std::printf("usage: tev_demo_host [--screenshot FILE]\n");
+        return 0;
+    }
     QSurfaceFormat::setDefaultFormat(QVTKOpenGLNativeWidget::defaultFormat());
     QApplication app(argc, argv);
     const char* shot = ScreenshotPath(argc, argv);
