@@ -124,7 +124,7 @@ int TevScriptedSession::Run()
     m_window->ModelTree()->clearSelection();
     Trigger("actionMesh");
     ok = Grab(m_window, "mesh.png") && ok;
-    Stage("meshed all shapes; mesh.png");
+    Stage("meshed all shapes (" + m_window->MeshPanel()->CountsText() + "); mesh.png");
     ok = WriteFiles() && ok;
     Stage(ok ? "wrote mesh.bdf, mesh.lst, model.xbf and model.step" : "some files were not written");
     return ok ? 0 : 1;
