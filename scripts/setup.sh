@@ -28,6 +28,8 @@ else
   out="$TEV_ROOT/build/demo-session"
   stage "running the demo host's scripted session under Xvfb into $out"
   # Qt's and X's chatter about the virtual screen goes to a log; the session's own lines stay.
-  tev_xvfb "$demo" --scripted "$out" 2>"$TEV_ROOT/build/demo-session.log"
+  # It runs in its output folder, where each mesh display also leaves DisplayCAD-connect.bdf.
+  mkdir -p "$out"
+  (cd "$out" && tev_xvfb "$demo" --scripted "$out" 2>"$TEV_ROOT/build/demo-session.log")
   stage "done: screenshots model.png and mesh.png, decks mesh.bdf and mesh.lst, model.xbf and model.step in $out"
 fi
