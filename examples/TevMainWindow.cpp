@@ -18,7 +18,6 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QKeyEvent>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <XCAFDoc_ShapeTool.hxx>
@@ -193,8 +192,7 @@ void TevMainWindow::DeleteSelection()
 // Escape as the view takes it: it ends the running operation, or clears the selection.
 void TevMainWindow::Cancel()
 {
-    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QApplication::sendEvent(m_viewer, &escape);
+    m_runner->PressEscape();
 }
 
 void TevMainWindow::MeshSelection()

@@ -1,18 +1,21 @@
 #include "TevOperationRunner.h"
 
+#include "DrawOpCommon.h"
 #include "DrawOpMgr.h"
 #include "IDrawOp.h"
 #include "TevBasicViewer.h"
 #include "TevDrawOpCatalog.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 
+// StartOp drops the whole stack without calling the operations on it; the placeholder it then
+// holds does nothing when it is ended, unlike an operation whose finish does its work.
 TevOperationRunner::~TevOperationRunner()
 {
+    static DrawOpCommon placeholder;
     DrawOpMgr* mgr = DrawOpMgr::GetInstance();
-    // EndCurrentOp finishes and pops without telling a parent; bounded like EndRunning.
-    for (int i = 0; i < 8 && mgr->GetCurrentOp(); ++i) mgr->EndCurrentOp(mgr->GetCurrentOp(), m_viewer);
+    mgr->StartOp(&placeholder, m_viewer);
+    mgr->EndCurrentOp(&placeholder, m_viewer);
 }
 
 bool TevOperationRunner::IsRunning()
@@ -22,12 +25,15 @@ bool TevOperationRunner::IsRunning()
 
 bool TevOperationRunner::EndRunning()
 {
-    for (int i = 0; i < 4 && IsRunning(); ++i) {
-        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(m_viewer, &escape);
-    }
+    for (int i = 0; i < 4 && IsRunning(); ++i) PressEscape();
     ReleaseIdle();
     return !IsRunning();
+}
+
+void TevOperationRunner::PressEscape()
+{
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    static_cast<QObject*>(m_viewer)->event(&escape);
 }
 
 void TevOperationRunner::ReleaseIdle()

@@ -3,8 +3,8 @@
 // catalogue row, ends whatever was running first, and frees operations once none can be on
 // DrawOpMgr's stack any more.
 //
-// Starting an operation ends the running one the way the user would, by Escape (sent to the
-// viewer as a key event, so the viewer's own handling applies), up to four times for operations
+// Starting an operation ends the running one the way the user would, by Escape (a key event for
+// the viewer's own handler), up to four times for operations
 // that wait on picking children. The library's StartOp alone would drop the running operation
 // and leave its rubber bands in the picture.
 #ifndef TEVOPERATIONRUNNER_H
@@ -22,8 +22,8 @@ class TevOperationRunner
 {
 public:
     explicit TevOperationRunner(TevBasicViewer* viewer) : m_viewer(viewer) {}
-    // Takes every operation off DrawOpMgr's stack (without running their last steps) before
-    // the operations are freed.
+    // Takes every operation off DrawOpMgr's stack without calling them (an operation's finish
+    // may do work or open a box) before the operations are freed.
     ~TevOperationRunner();
     TevOperationRunner(const TevOperationRunner&) = delete;
     TevOperationRunner& operator=(const TevOperationRunner&) = delete;
@@ -32,6 +32,10 @@ public:
     void Start(const TevDrawOpEntry& entry);
     // Escape to the viewer until no operation runs (at most four times). True when none runs.
     bool EndRunning();
+    // One Escape key press, handed to the viewer's own event handler: it ends the running
+    // operation, or clears the selection when none runs. The key does not go through the
+    // application, whose shortcut map would give it to the window's Escape action again.
+    void PressEscape();
     // Whether DrawOpMgr has an operation on its stack.
     static bool IsRunning();
 
