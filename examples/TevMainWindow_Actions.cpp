@@ -192,36 +192,35 @@ void TevMainWindow::CreateModeActions()
     bar->setObjectName("modeToolBar");
     struct Row { const char* name; QString text; QString tip; QString glyph; void (TevBasicViewer::*slot)(); };
     const QColor purple(94, 53, 177), brown(93, 64, 55);
-    std::vector<QAction*> levels, displays;
-    const Row levelRows[] = {
+    // One checkable action per row, connected to its viewer slot.
+    auto actionsOf = [this](const std::vector<Row>& rows, const QColor& colour) {
+        std::vector<QAction*> actions;
+        for (const Row& row : rows) {
+            actions.push_back(MakeAction(row.name, row.text, row.tip, TevIconFactory::Glyph(row.glyph, colour)));
+            connect(actions.back(), &QAction::triggered, m_viewer, row.slot);
+        }
+        return actions;
+    };
+    MakeChoice(menu, bar, actionsOf({
         {"actionSelectBody", tr("Select bodies"), tr("Clicks select whole shapes"), "sB", &TevBasicViewer::m_Slot_SetSelectionBody},
         {"actionSelectFace", tr("Select faces"), tr("Clicks select faces"), "sF", &TevBasicViewer::m_Slot_SetSelectionFace},
         {"actionSelectEdge", tr("Select edges"), tr("Clicks select edges"), "sE", &TevBasicViewer::m_Slot_SetSelectionEdge},
-    };
-    for (const Row& row : levelRows) {
-        levels.push_back(MakeAction(row.name, row.text, row.tip, TevIconFactory::Glyph(row.glyph, purple)));
-        connect(levels.back(), &QAction::triggered, m_viewer, row.slot);
-    }
-    MakeChoice(menu, bar, levels);
+    }, purple));
     QMenu* display = menuBar()->addMenu(tr("&Display"));
-    const Row displayRows[] = {
+    MakeChoice(display, bar, actionsOf({
         {"actionDisplaySurface", tr("Surfaces"), tr("Show shapes shaded"), "dS", &TevBasicViewer::m_Slot_DisplayBySurface},
         {"actionDisplayWireframe", tr("Wireframe"), tr("Show the edges of shapes only"), "dW", &TevBasicViewer::m_Slot_DisplayByWireFrame},
         {"actionDisplayPoints", tr("Points"), tr("Show the vertices of shapes only"), "dP", &TevBasicViewer::m_Slot_DisplayByPoint},
-    };
-    for (const Row& row : displayRows) {
-        displays.push_back(MakeAction(row.name, row.text, row.tip, TevIconFactory::Glyph(row.glyph, brown)));
-        connect(displays.back(), &QAction::triggered, m_viewer, row.slot);
-    }
-    MakeChoice(display, bar, displays);
+    }, brown));
     display->addSeparator();
     std::vector<QAction*> mice;
-    const std::pair<MOUSE_OP_MODE, QString> modes[] = {
-        {MOUSE_OP_SELECT, tr("Select")}, {MOUSE_OP_ROTATE, tr("Rotate")}, {MOUSE_OP_ZOOM, tr("Zoom")}};
+    const std::pair<MOUSE_OP_MODE, const char*> modes[] = {
+        {MOUSE_OP_SELECT, "Select"}, {MOUSE_OP_ROTATE, "Rotate"}, {MOUSE_OP_ZOOM, "Zoom"}};
     for (const auto& mode : modes) {
-        mice.push_back(MakeAction("actionMouse" + mode.second, tr("Mouse: %1").arg(mode.second),
-                                  tr("The left button drags to %1").arg(mode.second.toLower()),
-                                  TevIconFactory::Glyph(mode.second.left(1), brown)));
+        const QString word = tr(mode.second);
+        mice.push_back(MakeAction(QString("actionMouse") + mode.second, tr("Mouse: %1").arg(word),
+                                  tr("The left button drags to %1").arg(word.toLower()),
+                                  TevIconFactory::Glyph(word.left(1), brown)));
         connect(mice.back(), &QAction::triggered, this, [this, m = mode.first] { m_viewer->SetCurrentOperationMode(m); });
     }
     MakeChoice(display, nullptr, mice);
