@@ -27,6 +27,7 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QStatusBar>
 #include <QSurfaceFormat>
 #include <QTemporaryDir>
 #include <QTest>
@@ -331,6 +332,33 @@ TEST_F(MainWindowTest, AnExportWithoutAMeshIsReportedInRed)
     EXPECT_FALSE(QFile::exists(Path("none.bdf")));
     ASSERT_EQ(window->Messages()->FaultCount(), 1);
     EXPECT_EQ(window->Messages()->Lines().back().first, 2);
+    // Faults are shown in red, notes in the normal colour.
+    EXPECT_TRUE(window->Messages()->toHtml().contains("#c00000"));
+}
+
+// A click on the box in the view marks its row; choosing the line's row selects the line in the
+// view (one selected shape, the line); a move over the view shows its coordinates in the status
+// bar.
+TEST_F(MainWindowTest, TheTreeFollowsTheViewAndSelectsInIt)
+{
+    DrawLine();
+    DrawBox();
+    Trigger("actionCancel");  // no operation runs: Escape clears the selection
+    ASSERT_TRUE(window->ModelTree()->SelectedNames().isEmpty());
+    const QStringList names = window->ModelTree()->Names();
+    ASSERT_EQ(names.size(), 2);
+    Click(35, 30);  // inside the box's top face, seen from above
+    EXPECT_EQ(window->ModelTree()->SelectedNames(), QStringList{names[1]});
+
+    window->ModelTree()->clearSelection();
+    window->ModelTree()->topLevelItem(0)->setSelected(true);
+    const std::vector<const TopoDS_Shape*>& selected = SelectionMgr::GetInstance()->GetshapeList();
+    ASSERT_EQ(selected.size(), 1u);
+    EXPECT_TRUE(selected[0]->IsSame(Shapes()[0]));
+    EXPECT_EQ(window->ModelTree()->SelectedNames(), QStringList{names[0]});
+
+    tevtest::MouseMove(window->Viewer(), QPoint(100, 100));
+    EXPECT_TRUE(window->statusBar()->currentMessage().contains("Screen Coordinate:"));
 }
 
 // A command that fails half way, with its transaction open, reached by its shortcut: the
