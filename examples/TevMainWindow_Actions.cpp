@@ -174,7 +174,6 @@ void TevMainWindow::CreateViewActions()
         {"actionPlaneXY", tr("XY plane"), "pZ", &TevBasicViewer::EnableXYPlane},
         {"actionPlaneXZ", tr("XZ plane"), "pY", &TevBasicViewer::EnableXZPlane},
         {"actionPlaneYZ", tr("YZ plane"), "pX", &TevBasicViewer::EnableYZPlane},
-        {"actionPlaneFace", tr("Selected face"), "pF", &TevBasicViewer::m_Slot_SetFaceAsWorkPlane},
     };
     for (const Row& row : rows) {
         QAction* action = MakeAction(row.name, row.text, tr("Draw on the %1").arg(row.text),
@@ -183,6 +182,12 @@ void TevMainWindow::CreateViewActions()
         planeActions.push_back(action);
     }
     MakeChoice(planes, bar, planeActions);
+    // Not one of the choice: the face may be refused, and the plane stays as it was.
+    QAction* face = MakeAction("actionPlaneFace", tr("Selected face"), tr("Draw on the plane of the selected face"),
+                               TevIconFactory::Glyph("pF", olive));
+    connect(face, &QAction::triggered, m_viewer, &TevBasicViewer::m_Slot_SetFaceAsWorkPlane);
+    planes->addAction(face);
+    bar->addAction(face);
 }
 
 void TevMainWindow::CreateModeActions()
