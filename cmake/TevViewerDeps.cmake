@@ -21,9 +21,12 @@ set_target_properties(TKIVtk PROPERTIES IMPORTED_LOCATION "${TEV_TKIVTK_LIBRARY}
 
 # Everything the viewer half links: one interface target.
 add_library(tev_viewer_deps INTERFACE)
+# The installed package config (cmake/TevBasicViewerConfig.cmake.in) links the same lists.
+set(TEV_OCCT_TOOLKITS TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim
+  TKBO TKBool TKFillet TKOffset TKShHealing TKMesh TKService TKV3d TKLCAF TKCAF TKXCAF TKCDF
+  TKBin TKBinL TKBinXCAF TKXml TKXmlL TKXmlXCAF)
 target_link_libraries(tev_viewer_deps INTERFACE Qt5::Widgets Qt5::OpenGL ${VTK_LIBRARIES}
-  TKIVtk TKernel TKMath TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKTopAlgo TKPrim TKBO
-  TKBool TKFillet TKOffset TKShHealing TKMesh TKService TKV3d TKLCAF TKCAF TKXCAF TKCDF)
+  TKIVtk ${TEV_OCCT_TOOLKITS})
 # OCCT's headers include system headers that -Wextra complains about.
 target_include_directories(tev_viewer_deps SYSTEM INTERFACE ${OpenCASCADE_INCLUDE_DIR})
 

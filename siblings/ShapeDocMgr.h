@@ -14,6 +14,7 @@
 #ifndef SHAPEDOCMGR_H
 #define SHAPEDOCMGR_H
 
+#include <QString>
 #include <Standard_Handle.hxx>
 #include <TDocStd_Document.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
@@ -62,10 +63,22 @@ public:
     // Closes the current document and starts an empty one with an empty history.
     void NewDocument();
 
+    // Files of the document: OCAF's XML form when the path ends in ".xml" (any case), else its
+    // binary form. Save commits an open transaction first and writes the whole document; the
+    // document itself is unchanged. Open replaces the document by the file's, with an empty
+    // history; when the file cannot be read the current document stays as it was, except when
+    // it is the very file being opened again (the application holds one document per path),
+    // which is then read back from its last save or, failing that, replaced by an empty one.
+    // Both return false with a reason in `error` (may be null) on failure.
+    bool SaveDocument(const QString& path, QString* error = nullptr);
+    bool OpenDocument(const QString& path, QString* error = nullptr);
+
 private:
     ShapeDocMgr();
     // GetDoc or GetShapeTool outside a transaction: perhaps a change the revision cannot see.
     void NoteUntrackedAccess();
+    // Makes `doc` the current document with an empty history and the undo limit kept.
+    void Adopt(const opencascade::handle<TDocStd_Document>& doc, int undoLimit);
 
     static ShapeDocMgr* m_Instance;
     opencascade::handle<TDocStd_Application> m_App;
