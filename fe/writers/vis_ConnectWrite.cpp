@@ -1,5 +1,6 @@
 #include "vis_ConnectWrite.h"
 
+#include "vis_ANSFwt.h"
 #include "vis_Connect.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
@@ -40,18 +41,21 @@ int ElemAssoc(vis_Connect* c, int type, int id)
     return v;
 }
 
-/* A solver deck through a temporary model; the writer's failed open is the connect's too. */
-void Deck(vis_Connect* c, const char* path)
+/* A solver deck through a temporary model and the writer W; the writer's failed open is the
+ * connect's too. */
+template <class W>
+void Deck(vis_Connect* c, const char* path, W* (*create)(), void (*write)(W*, vis_Model*, const char*),
+          int (*error)(W*), void (*destroy)(W*))
 {
     vis_Model* model = vis_ModelNew();
-    vis_NASFwt* nas = vis_NASFwtNew();
-    if (model && nas) {
+    W* writer = create();
+    if (model && writer) {
         vis_ModelSetObject(model, SYS_CONNECT, c);
-        vis_NASFwtWriteModel(nas, model, path);
-        if (vis_NASFwtError(nas) == SYS_ERROR_FILE)
+        write(writer, model, path);
+        if (error(writer) == SYS_ERROR_FILE)
             vsy_ErrorRecord(&c->ierr, kName, SYS_ERROR_FILE, "pathname= %s", path ? path : "(null)");
     }
-    vis_NASFwtDelete(nas);
+    destroy(writer);
     vis_ModelDelete(model);
 }
 
@@ -155,7 +159,8 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
         return;
     }
     switch (type) {
-    case 18: Deck(connect, path); break;
+    case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
+    case 22: Deck(connect, path, vis_ANSFwtNew, vis_ANSFwtWriteModel, vis_ANSFwtError, vis_ANSFwtDelete); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
     case -10: Pair(connect, path); break;
