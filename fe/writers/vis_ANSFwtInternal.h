@@ -84,6 +84,10 @@ void vis_ANSFwt_Loads(vis_ANSFwt* ans, int id, double factor);
 void vis_ANSFwt_Real(FILE* fp, double value);
 /* The "%16.9E" text of a value into out (24 bytes); empty when unset. */
 void vis_ANSFwt_Exp(double value, int set, char* out);
+/* The "%d" and "%16.9E" texts of a value at out (12 and 24 bytes), without a terminator; the
+ * number of characters. */
+int vis_ANSFwt_IntText(int value, char* out);
+int vis_ANSFwt_ExpText(double value, char* out);
 /* Dof names by tag: "UX" ... "ROTZ" for 1 to 6, "TEMP" for 7; null otherwise. */
 const char* vis_ANSFwt_DofName(int tag);
 /* ",ALL", ",UXYZ", ",RXYZ" or each dof name of a mask of six bits. */

@@ -85,12 +85,35 @@ void Attribute(FILE* fp, const char* name, int value, int* current)
 /* "EN" with the element id and eight nodes a line, "EMORE" for the rest. */
 void WriteNodes(FILE* fp, int id, const int* ids, int n)
 {
-    std::fprintf(fp, "EN,%d,", id);
+    char line[32 + 12 * (VIS_ELEM_MAXNODE + 1) + 8 * (VIS_ELEM_MAXNODE / 8 + 1)];
+    int len = 3;
+    std::memcpy(line, "EN,", 3);
+    len += vis_ANSFwt_IntText(id, line + len);
+    line[len++] = ',';
     for (int i = 0; i < n; ++i) {
         const int last = i == n - 1, eighth = i % 8 == 7;
-        std::fprintf(fp, "%d%s", ids[i], last || eighth ? "\n" : ",");
-        if (eighth && !last) std::fputs("EMORE,", fp);
+        len += vis_ANSFwt_IntText(ids[i], line + len);
+        line[len++] = last || eighth ? '\n' : ',';
+        if (eighth && !last) {
+            std::memcpy(line + len, "EMORE,", 6);
+            len += 6;
+        }
     }
+    vis_Writer_Put(fp, line, len);
+}
+
+/* "N" with the id and the coordinates, without the line's end. */
+void WriteNode(FILE* fp, int id, const double x[3])
+{
+    char line[16 + 3 * 25];
+    int len = 2;
+    std::memcpy(line, "N,", 2);
+    len += vis_ANSFwt_IntText(id, line + len);
+    for (int k = 0; k < 3; ++k) {
+        line[len++] = ',';
+        len += vis_ANSFwt_ExpText(x[k], line + len);
+    }
+    vis_Writer_Put(fp, line, len);
 }
 
 /* A beam's orientation node beyond the largest id, at the first node plus the vector; 0 when
@@ -106,7 +129,9 @@ int OrientationNode(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e)
     if (std::isnan(v[0])) return 0;
     vis_Writer_Coords(&ans->w, e->node[0], x);
     const int id = ++ans->extranode;
-    std::fprintf(ans->w.fp, "N,%d,%16.9E,%16.9E,%16.9E\n", id, x[0] + v[0], x[1] + v[1], x[2] + v[2]);
+    const double at[3] = {x[0] + v[0], x[1] + v[1], x[2] + v[2]};
+    WriteNode(ans->w.fp, id, at);
+    std::fputc('\n', ans->w.fp);
     return id;
 }
 
@@ -164,7 +189,7 @@ void vis_ANSFwt_Nodes(vis_ANSFwt* ans)
             if (feat[i] == 0) continue;
             double x[3];
             vis_Writer_Coords(w, first + i, x);
-            std::fprintf(fp, "N,%d,%16.9E,%16.9E,%16.9E", ids[i], x[0], x[1], x[2]);
+            WriteNode(fp, ids[i], x);
             vis_CoordSys* cs = System(ans, csys[i]);
             if (cs) {
                 double origin[3], triad[9], angles[3];

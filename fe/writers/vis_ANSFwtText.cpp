@@ -3,6 +3,10 @@
 
 #include "vsy_RealText.h"
 
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
 void vis_ANSFwt_Real(FILE* fp, double value)
 {
     char text[VSY_REALTEXT_LEN];
@@ -32,4 +36,24 @@ void vis_ANSFwt_Dofs(FILE* fp, int mask)
     else
         for (int tag = 1; tag <= 6; ++tag)
             if (mask & (1 << (tag - 1))) std::fprintf(fp, ",%s", vis_ANSFwt_DofName(tag));
+}
+
+int vis_ANSFwt_IntText(int value, char* out)
+{
+    return static_cast<int>(std::to_chars(out, out + 12, value).ptr - out);
+}
+
+int vis_ANSFwt_ExpText(double value, char* out)
+{
+    /* "%16.9E": the shortest exact scientific text of nine decimals, which the C library
+     * prints too, with the exponent letter raised and blanks in front up to sixteen. */
+    char text[32];
+    if (!std::isfinite(value)) return std::snprintf(out, 24, "%16.9E", value);
+    const int len = static_cast<int>(std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 9).ptr - text);
+    const int pad = len < 16 ? 16 - len : 0;
+    std::memset(out, ' ', static_cast<size_t>(pad));
+    std::memcpy(out + pad, text, static_cast<size_t>(len));
+    char* e = static_cast<char*>(std::memchr(out + pad, 'e', static_cast<size_t>(len)));
+    if (e) *e = 'E';
+    return pad + len;
 }

@@ -259,11 +259,17 @@ int Constants(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e, const vis_ANSFwt_Type* 
     }
 }
 
+/* Features whose elements take no real constants. */
+int NoConstants(int featype)
+{
+    return featype == 1 || featype == 10 || featype == 11 || featype == 14;
+}
+
 /* The constants of a typed element of a feature that takes them; 0 otherwise. */
 int ElemConstants(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e, RealSet* r)
 {
     if (ans->etnum[e->index] == 0) return 0;
-    if (e->featype == 1 || e->featype == 10 || e->featype == 11 || e->featype == 14) return 0;
+    if (NoConstants(e->featype)) return 0;
     vis_ANSFwt_Type t;
     if (!vis_ANSFwt_Rule(ans, e, &t)) return 0;
     return Constants(ans, e, &t, r);
@@ -333,8 +339,20 @@ void vis_ANSFwt_Types(vis_ANSFwt* ans)
     int count = 0;
     vis_ANSFwt_Elem e;
     vis_ANSFwt_Type t;
+    /* The rule reads only these fields: an element like the one before takes its type. */
+    int last[6] = {-1, -1, -1, -1, -1, -1}, lastnum = 0, lastlib = 0;
+    const void* lastprop = nullptr;
     for (int i = 1; i <= ans->w.numel; ++i) {
         vis_ANSFwt_ReadElem(ans, i, &e);
+        const int inputs[6] = {e.featype, e.shape, e.order, e.featwod, e.feaspec, e.n > 0};
+        if (std::memcmp(inputs, last, sizeof last) == 0 && e.prop == lastprop) {
+            ans->etnum[i] = lastnum;
+            ans->libno[i] = lastlib;
+            continue;
+        }
+        std::memcpy(last, inputs, sizeof last);
+        lastprop = e.prop;
+        lastnum = lastlib = 0;
         if (!vis_ANSFwt_Rule(ans, &e, &t)) continue;
         const std::string key = TypeKey(&t);
         int num = 0;
@@ -347,8 +365,8 @@ void vis_ANSFwt_Types(vis_ANSFwt* ans)
             std::fputc('\n', fp);
             for (int k = 6; k < t.nk; ++k) std::fprintf(fp, "KEYOPT,%d,%d\n", num, t.k[k]);
         }
-        ans->etnum[i] = num;
-        ans->libno[i] = vis_ANSFwt_LibNumber(t.name);
+        ans->etnum[i] = lastnum = num;
+        ans->libno[i] = lastlib = vis_ANSFwt_LibNumber(t.name);
     }
     vsy_IntDictDelete(dict);
 }
@@ -363,7 +381,7 @@ void vis_ANSFwt_Reals(vis_ANSFwt* ans)
     vis_ANSFwt_Elem e;
     RealSet r;
     for (int i = 1; i <= ans->w.numel; ++i) {
-        if (ans->etnum[i] == 0) continue;
+        if (ans->etnum[i] == 0 || NoConstants(vis_Writer_ElemAssoc(&ans->w, 0, i))) continue;
         vis_ANSFwt_ReadElem(ans, i, &e);
         if (!ElemConstants(ans, &e, &r)) continue;
         int num = 0;
