@@ -4,6 +4,7 @@
 #include "gtest/gtest-spi.h"
 #include "vis_ANSFwtInternal.h"
 #include "vis_EProp.h"
+#include "vis_MProp.h"
 #include "vis_RCase.h"
 #include "vis_SProp.h"
 #include "vsy_HashTable.h"
@@ -312,6 +313,102 @@ TEST(ANSFwtSyntax, CheckFindsFaults)
     EXPECT_NONFATAL_FAILURE(CheckSyntax("MP,EX,1,0.50\n"), "does not read back");
     // Ids after CMBLOCK: three announced, two given.
     EXPECT_NONFATAL_FAILURE(CheckSyntax("CMBLOCK,A,NODE,3\n(8i10)\n         1         2\n"), "id line of 3 ids");
+}
+
+}  // namespace
+
+namespace {
+
+// The node coordinates' "%16.9E" built in place equals the C library's text.
+TEST(ANSFwtText, ExpTextEqualsPrintf)
+{
+    std::vector<double> values = {0.0, -0.0, 1.0, -1.0, 0.1, 1.0 / 3.0, -2.0 / 3.0, 1e-300, 1e300, 123456789.0,
+                                  9.9999999995e-5, 9.99999999949999e9, 5e-324, 1.7976931348623157e308};
+    uint64_t seed = 88172645463325252ull;  // xorshift: a fixed spread of bit patterns
+    for (int i = 0; i < 20000; ++i) {
+        seed ^= seed << 13, seed ^= seed >> 7, seed ^= seed << 17;
+        double v;
+        std::memcpy(&v, &seed, sizeof v);
+        if (std::isfinite(v)) values.push_back(v);
+    }
+    for (double v : values) {
+        char mine[32], lib[32];
+        const int len = vis_ANSFwt_ExpText(v, mine);
+        mine[len] = '\0';
+        std::snprintf(lib, sizeof lib, "%16.9E", v);
+        ASSERT_STREQ(mine, lib) << v;
+    }
+}
+
+class ANSFwtSectionTest : public ANSWriterTest {
+protected:
+    void TearDown() override
+    {
+        vsy_HashTableDelete(etab);
+        vsy_HashTableDelete(mtab);
+        for (vis_EProp* p : props) vis_EPropDelete(p);
+        vis_MPropDelete(steel);
+        ANSWriterTest::TearDown();
+    }
+    vis_EProp* Prop(int id, int type)
+    {
+        props.push_back(vis_EPropNew());
+        vis_EPropDef(props.back(), type);
+        vsy_HashTableInsert(etab, id, props.back());
+        return props.back();
+    }
+    vsy_HashTable* etab = vsy_HashTableNew();
+    vsy_HashTable* mtab = vsy_HashTableNew();
+    vis_MProp* steel = vis_MPropNew();
+    std::vector<vis_EProp*> props;
+};
+
+// Sections of every form, and the shell whose corners agree with its property: no constant.
+TEST_F(ANSFwtSectionTest, SectionsAndEqualCorners)
+{
+    vis_Model* model = Model(BuildMesh(Origin(4), {{SYS_SHAPE_QUAD, 0, 0, 2, 1, 5, {1, 2, 3, 4}}}));
+    vis_ModelSetHashTable(model, SYS_EPROP, etab);
+    vis_ModelSetHashTable(model, SYS_MPROP, mtab);
+    vis_MPropDef(steel, 0);
+    vis_MPropSetValued(steel, 1, 2e11);
+    vis_MPropSetValued(steel, 2, 0.25);
+    vsy_HashTableInsert(mtab, 1, steel);
+    vis_EPropSetValued(Prop(1, 2), 7, 0.01);  // one thickness for every corner
+    vis_EProp* layered = Prop(2, 2);
+    vis_EPropSetValuei(layered, 89, 2);
+    vis_EPropSetValuei(layered, 96, 2);
+    const double t[2] = {0.001, 0.002}, angle[2] = {0, 45};
+    const int mat[2] = {1, 2}, ip[2] = {3, 3};
+    vis_EPropSetValuedv(layered, 97, t);
+    vis_EPropSetValuedv(layered, 98, angle);
+    vis_EPropSetValueiv(layered, 99, mat);
+    vis_EPropSetValueiv(layered, 100, ip);
+    vis_EProp* rect = Prop(3, 4);
+    vis_EPropSetValuei(rect, 81, 8);
+    double dims[40] = {0.1, 0.2};
+    vis_EPropSetValuedv(rect, 82, dims);
+    vis_EProp* general = Prop(4, 4);
+    vis_EPropSetValuei(general, 0, 1);
+    const double area[2] = {0.01, 0.01}, ky[2] = {0.5, 0.5}, kz[2] = {0.8, 0.8};
+    vis_EPropSetValuedv(general, 14, area);
+    vis_EPropSetValuedv(general, 19, ky);
+    vis_EPropSetValuedv(general, 20, kz);
+    std::string want = "/PREP7\nC***       Nodes\nCSYS,0\n";
+    for (int i = 1; i <= 4; ++i) want += "N," + std::to_string(i) + "," + C(0) + "," + C(0) + "," + C(0) + "\n";
+    // Property 1: the corners all .01 as the property's: no constant, the section carries it.
+    want += "C***       Element Types\nET,1,SHELL181\nC***       Real Constants\nC***       Elements\n";
+    want += "TYPE,1\nSECNUM,1\nEN,5,1,2,3,4\nC***       Rigids\n";
+    // Shell of wall type 0: thickness and material 0 (none set). Layered: per layer thickness,
+    // material, angle and integration points. Rectangle: width and height. General section:
+    // area .01, the rest 0; shear stiffnesses kz G A and ky G A with G = 2e11 / (2 * 1.25) =
+    // 8e10: .8 * 8e10 * .01 = 6.4e8 ("640000000." is longer than "6.4E+8") and 4.0E+8.
+    want += "C***       Element properties\nSECTYPE,1,SHELL\nSECDATA,.01,0,\n";
+    want += "SECTYPE,2,SHELL\nSECDATA,.001,1,0.,3\nSECDATA,.002,2,45.,3\n";
+    want += "SECTYPE,3,BEAM,RECT\nSECDATA,.1,.2\n";
+    want += "SECTYPE,4,BEAM,ASEC\nSECDATA,.01,0.,0.,0.,0.,0.\nSECCONTROL,6.4E+8,4.0E+8\n";
+    // Material 1: modulus and ratio only.
+    want += "C***       Material properties\nMP,EX,1,2.0E+11\nMP,NUXY,1,.25\n";
+    EXPECT_EQ(Write(model, "sections.inp"), want);
 }
 
 }  // namespace
