@@ -10,6 +10,7 @@
 
 struct vis_EProp;
 struct vis_CoordSys;
+struct vsy_HashTable;
 
 /* A row of the element library: name, description, shape, order code, feature, feaspec and
  * node count. */
@@ -88,6 +89,10 @@ void vis_ANSFwt_Exp(double value, int set, char* out);
  * number of characters. */
 int vis_ANSFwt_IntText(int value, char* out);
 int vis_ANSFwt_ExpText(double value, char* out);
+/* Writes the header, then calls visit with each key and object of the table in ascending key
+ * order. */
+void vis_ANSFwt_Walk(vis_ANSFwt* ans, struct vsy_HashTable* tab, const char* header,
+                     void (*visit)(vis_ANSFwt*, int, void*));
 /* Dof names by tag: "UX" ... "ROTZ" for 1 to 6, "TEMP" for 7; null otherwise. */
 const char* vis_ANSFwt_DofName(int tag);
 /* ",ALL", ",UXYZ", ",RXYZ" or each dof name of a mask of six bits. */

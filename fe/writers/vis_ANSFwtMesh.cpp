@@ -151,25 +151,18 @@ void vis_ANSFwt_Angles(const double triad[9], double angles[3])
 
 void vis_ANSFwt_CoordSys(vis_ANSFwt* ans)
 {
-    FILE* fp = ans->w.fp;
-    std::fputs("C***       Coordinate systems\n", fp);
-    vsy_HashTableInitIterOrder(ans->coordsys);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(ans->coordsys, &key, &value);
-        if (!value) break;
+    vis_ANSFwt_Walk(ans, ans->coordsys, "C***       Coordinate systems\n", [](vis_ANSFwt* a, int key, void* value) {
         vis_CoordSys* cs = static_cast<vis_CoordSys*>(value);
         double origin[3], triad[9], angles[3];
         int type = 0;
         vis_CoordSysGetType(cs, &type);
         vis_CoordSysOriginTriad(cs, origin, triad);
         vis_ANSFwt_Angles(triad, angles);
-        std::fprintf(fp, "LOCAL,%d,%d", key + 10, SystemType(type));
-        for (double x : origin) vis_ANSFwt_Real(fp, x);
-        for (double a : angles) vis_ANSFwt_Real(fp, a);
-        std::fputc('\n', fp);
-    }
+        std::fprintf(a->w.fp, "LOCAL,%d,%d", key + 10, SystemType(type));
+        for (double x : origin) vis_ANSFwt_Real(a->w.fp, x);
+        for (double g : angles) vis_ANSFwt_Real(a->w.fp, g);
+        std::fputc('\n', a->w.fp);
+    });
 }
 
 void vis_ANSFwt_Nodes(vis_ANSFwt* ans)

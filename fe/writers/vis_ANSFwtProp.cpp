@@ -171,65 +171,48 @@ void Block(vis_ANSFwt* ans, int key, vis_IdTran* idt, int node)
     }
 }
 
-void Groups(vis_ANSFwt* ans, vsy_HashTable* tab, int node)
+void NodeBlock(vis_ANSFwt* ans, int key, void* value) { Block(ans, key, static_cast<vis_IdTran*>(value), 1); }
+void ElemBlock(vis_ANSFwt* ans, int key, void* value) { Block(ans, key, static_cast<vis_IdTran*>(value), 0); }
+
+void Section(vis_ANSFwt* ans, int key, void* value)
 {
-    std::fputs(node ? "C***       Node sets\n" : "C***       Element sets\n", ans->w.fp);
-    vsy_HashTableInitIterOrder(tab);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) break;
-        Block(ans, key, static_cast<vis_IdTran*>(value), node);
+    vis_EProp* p = static_cast<vis_EProp*>(value);
+    if (p->type == 2) Shell(ans->w.fp, key, p);
+    else if (p->type == 4) Beam(ans, ans->w.fp, key, p);
+}
+
+void Material(vis_ANSFwt* ans, int key, void* value)
+{
+    FILE* fp = ans->w.fp;
+    vis_MProp* m = static_cast<vis_MProp*>(value);
+    int flag = 0;
+    vis_MPropValueFlag(m, 6, &flag);
+    if (flag) {
+        double t = 0;
+        vis_MPropValueDouble(m, 6, &t);
+        std::fprintf(fp, "MP,REFT,%d", key);
+        vis_ANSFwt_Real(fp, t);
+        std::fputc('\n', fp);
     }
+    if (m->type == 0) Values(fp, key, m, kIsotropic, 4);
+    if (m->type == 2) Values(fp, key, m, kOrthotropic, 12);
+    Values(fp, key, m, kAll, 2);
 }
 
 }  // namespace
 
 void vis_ANSFwt_Sections(vis_ANSFwt* ans)
 {
-    FILE* fp = ans->w.fp;
-    std::fputs("C***       Element properties\n", fp);
-    vsy_HashTableInitIterOrder(ans->eprop);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(ans->eprop, &key, &value);
-        if (!value) break;
-        vis_EProp* p = static_cast<vis_EProp*>(value);
-        if (p->type == 2) Shell(fp, key, p);
-        else if (p->type == 4) Beam(ans, fp, key, p);
-    }
+    vis_ANSFwt_Walk(ans, ans->eprop, "C***       Element properties\n", Section);
 }
 
 void vis_ANSFwt_Materials(vis_ANSFwt* ans)
 {
-    FILE* fp = ans->w.fp;
-    std::fputs("C***       Material properties\n", fp);
-    vsy_HashTableInitIterOrder(ans->mprop);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(ans->mprop, &key, &value);
-        if (!value) break;
-        vis_MProp* m = static_cast<vis_MProp*>(value);
-        int flag = 0;
-        vis_MPropValueFlag(m, 6, &flag);
-        if (flag) {
-            double t = 0;
-            vis_MPropValueDouble(m, 6, &t);
-            std::fprintf(fp, "MP,REFT,%d", key);
-            vis_ANSFwt_Real(fp, t);
-            std::fputc('\n', fp);
-        }
-        if (m->type == 0) Values(fp, key, m, kIsotropic, 4);
-        if (m->type == 2) Values(fp, key, m, kOrthotropic, 12);
-        Values(fp, key, m, kAll, 2);
-    }
+    vis_ANSFwt_Walk(ans, ans->mprop, "C***       Material properties\n", Material);
 }
 
 void vis_ANSFwt_Components(vis_ANSFwt* ans)
 {
-    if (ans->nodegroup) Groups(ans, ans->nodegroup, 1);
-    if (ans->elemgroup) Groups(ans, ans->elemgroup, 0);
+    if (ans->nodegroup) vis_ANSFwt_Walk(ans, ans->nodegroup, "C***       Node sets\n", NodeBlock);
+    if (ans->elemgroup) vis_ANSFwt_Walk(ans, ans->elemgroup, "C***       Element sets\n", ElemBlock);
 }

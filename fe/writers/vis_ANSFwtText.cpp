@@ -1,6 +1,7 @@
 /* Text pieces shared by the sections of the command file. */
 #include "vis_ANSFwtInternal.h"
 
+#include "vsy_HashTable.h"
 #include "vsy_RealText.h"
 
 #include <charconv>
@@ -56,4 +57,17 @@ int vis_ANSFwt_ExpText(double value, char* out)
     char* e = static_cast<char*>(std::memchr(out + pad, 'e', static_cast<size_t>(len)));
     if (e) *e = 'E';
     return pad + len;
+}
+
+void vis_ANSFwt_Walk(vis_ANSFwt* ans, vsy_HashTable* tab, const char* header, void (*visit)(vis_ANSFwt*, int, void*))
+{
+    std::fputs(header, ans->w.fp);
+    vsy_HashTableInitIterOrder(tab);
+    for (;;) {
+        int key = 0;
+        void* value = nullptr;
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) break;
+        visit(ans, key, value);
+    }
 }

@@ -165,11 +165,12 @@ struct RealSet {
     void Add(double x) { if (n < 16) v[n++] = x; }
 };
 
-/* Corner thicknesses of a shell: the property's, or the element's where they differ. Returns 1
- * when a constant is needed: the element's own differ, or the corners are not all equal. */
+/* Corner thicknesses of a shell: the property's, or the element's where they differ; a line or
+ * triangle repeats its last corner up to four. Returns 1 when a constant is needed: the
+ * element's own differ, or the corners are not all equal. */
 int ShellThickness(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e, double t[4])
 {
-    const int nc = e->shape == SYS_SHAPE_TRI ? 3 : 4;
+    const int nc = e->shape == SYS_SHAPE_LINE ? 2 : e->shape == SYS_SHAPE_TRI ? 3 : 4;
     double prop[VIS_ELEM_MAXNODE] = {0}, own[VIS_ELEM_MAXNODE];
     const int hasprop = PropSet(e->prop, 7);
     if (hasprop) vis_EPropEvaldv(e->prop, 7, e->shape, e->maxi, e->maxj, prop);
@@ -183,7 +184,7 @@ int ShellThickness(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e, double t[4])
         if (own[i] != own[0]) need = 1;
         t[i] = own[i];
     }
-    if (nc == 3) t[3] = t[2];
+    for (int i = nc; i < 4; ++i) t[i] = t[nc - 1];
     return need && (hasprop || ed);
 }
 

@@ -178,6 +178,27 @@ inline std::string C(int digit)
     return " " + std::to_string(digit) + ".000000000E+00";
 }
 
+// Nodes 1 to n at the origin, ids equal to the indices, and their section of the file.
+inline std::vector<nastest::MeshNode> Origin(int n)
+{
+    std::vector<nastest::MeshNode> nodes;
+    for (int i = 1; i <= n; ++i) nodes.push_back({{0, 0, 0}, i, 1, 0});
+    return nodes;
+}
+inline std::string OriginLines(int n)
+{
+    std::string s = "C***       Nodes\nCSYS,0\n";
+    for (int i = 1; i <= n; ++i) s += "N," + std::to_string(i) + "," + C(0) + "," + C(0) + "," + C(0) + "\n";
+    return s;
+}
+// Node indices 1 to n.
+inline std::vector<int> Seq(int n)
+{
+    std::vector<int> v;
+    for (int i = 1; i <= n; ++i) v.push_back(i);
+    return v;
+}
+
 // The coordinates of every "N" line, by node id, read back.
 inline std::map<int, std::vector<double>> NodeLines(const std::string& text)
 {

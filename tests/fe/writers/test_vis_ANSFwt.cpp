@@ -16,20 +16,6 @@ using namespace vsytest;
 
 namespace {
 
-// Nodes at the origin with ids 1 to n: their "N" lines.
-std::vector<MeshNode> Origin(int n)
-{
-    std::vector<MeshNode> nodes;
-    for (int i = 1; i <= n; ++i) nodes.push_back({{0, 0, 0}, i, 1, 0});
-    return nodes;
-}
-std::string NodeLines(int n)
-{
-    std::string s = "C***       Nodes\nCSYS,0\n";
-    for (int i = 1; i <= n; ++i) s += "N," + std::to_string(i) + "," + C(0) + "," + C(0) + "," + C(0) + "\n";
-    return s;
-}
-
 class ANSFwtTest : public ANSWriterTest {
 protected:
     void TearDown() override
@@ -75,7 +61,7 @@ protected:
 // The sections of a file without tables: types, constants, elements, rigids.
 std::string Mesh(int nnode, const std::string& types, const std::string& reals, const std::string& elems)
 {
-    return "/PREP7\n" + NodeLines(nnode) + "C***       Element Types\n" + types + "C***       Real Constants\n" + reals +
+    return "/PREP7\n" + OriginLines(nnode) + "C***       Element Types\n" + types + "C***       Real Constants\n" + reals +
            "C***       Elements\n" + elems + "C***       Rigids\n";
 }
 
@@ -340,41 +326,29 @@ TEST(ANSFwtText, ExpTextEqualsPrintf)
     }
 }
 
-class ANSFwtSectionTest : public ANSWriterTest {
+class ANSFwtSectionTest : public ANSFwtTest {
 protected:
     void TearDown() override
     {
-        vsy_HashTableDelete(etab);
         vsy_HashTableDelete(mtab);
-        for (vis_EProp* p : props) vis_EPropDelete(p);
         vis_MPropDelete(steel);
-        ANSWriterTest::TearDown();
+        ANSFwtTest::TearDown();
     }
-    vis_EProp* Prop(int id, int type)
-    {
-        props.push_back(vis_EPropNew());
-        vis_EPropDef(props.back(), type);
-        vsy_HashTableInsert(etab, id, props.back());
-        return props.back();
-    }
-    vsy_HashTable* etab = vsy_HashTableNew();
     vsy_HashTable* mtab = vsy_HashTableNew();
     vis_MProp* steel = vis_MPropNew();
-    std::vector<vis_EProp*> props;
 };
 
 // Sections of every form, and the shell whose corners agree with its property: no constant.
 TEST_F(ANSFwtSectionTest, SectionsAndEqualCorners)
 {
     vis_Model* model = Model(BuildMesh(Origin(4), {{SYS_SHAPE_QUAD, 0, 0, 2, 1, 5, {1, 2, 3, 4}}}));
-    vis_ModelSetHashTable(model, SYS_EPROP, etab);
     vis_ModelSetHashTable(model, SYS_MPROP, mtab);
     vis_MPropDef(steel, 0);
     vis_MPropSetValued(steel, 1, 2e11);
     vis_MPropSetValued(steel, 2, 0.25);
     vsy_HashTableInsert(mtab, 1, steel);
-    vis_EPropSetValued(Prop(1, 2), 7, 0.01);  // one thickness for every corner
-    vis_EProp* layered = Prop(2, 2);
+    vis_EPropSetValued(Prop(model, 1, 2), 7, 0.01);  // one thickness for every corner
+    vis_EProp* layered = Prop(model, 2, 2);
     vis_EPropSetValuei(layered, 89, 2);
     vis_EPropSetValuei(layered, 96, 2);
     const double t[2] = {0.001, 0.002}, angle[2] = {0, 45};
@@ -383,18 +357,17 @@ TEST_F(ANSFwtSectionTest, SectionsAndEqualCorners)
     vis_EPropSetValuedv(layered, 98, angle);
     vis_EPropSetValueiv(layered, 99, mat);
     vis_EPropSetValueiv(layered, 100, ip);
-    vis_EProp* rect = Prop(3, 4);
+    vis_EProp* rect = Prop(model, 3, 4);
     vis_EPropSetValuei(rect, 81, 8);
     double dims[40] = {0.1, 0.2};
     vis_EPropSetValuedv(rect, 82, dims);
-    vis_EProp* general = Prop(4, 4);
+    vis_EProp* general = Prop(model, 4, 4);
     vis_EPropSetValuei(general, 0, 1);
     const double area[2] = {0.01, 0.01}, ky[2] = {0.5, 0.5}, kz[2] = {0.8, 0.8};
     vis_EPropSetValuedv(general, 14, area);
     vis_EPropSetValuedv(general, 19, ky);
     vis_EPropSetValuedv(general, 20, kz);
-    std::string want = "/PREP7\nC***       Nodes\nCSYS,0\n";
-    for (int i = 1; i <= 4; ++i) want += "N," + std::to_string(i) + "," + C(0) + "," + C(0) + "," + C(0) + "\n";
+    std::string want = "/PREP7\n" + OriginLines(4);
     // Property 1: the corners all .01 as the property's: no constant, the section carries it.
     want += "C***       Element Types\nET,1,SHELL181\nC***       Real Constants\nC***       Elements\n";
     want += "TYPE,1\nSECNUM,1\nEN,5,1,2,3,4\nC***       Rigids\n";

@@ -15,26 +15,6 @@ using namespace vsytest;
 
 namespace {
 
-// Nodes 1 to n at the origin, ids equal to the indices.
-std::vector<MeshNode> Origin(int n)
-{
-    std::vector<MeshNode> nodes;
-    for (int i = 1; i <= n; ++i) nodes.push_back({{0, 0, 0}, i, 1, 0});
-    return nodes;
-}
-std::vector<int> Seq(int n)
-{
-    std::vector<int> v;
-    for (int i = 1; i <= n; ++i) v.push_back(i);
-    return v;
-}
-std::string Nodes(int n)
-{
-    std::string s = "C***       Nodes\nCSYS,0\n";
-    for (int i = 1; i <= n; ++i) s += "N," + std::to_string(i) + "," + C(0) + "," + C(0) + "," + C(0) + "\n";
-    return s;
-}
-
 class ANSFwtShapesTest : public ANSWriterTest {
 protected:
     void TearDown() override
@@ -79,7 +59,7 @@ TEST_F(ANSFwtShapesTest, StructuralSolids)
     vis_Model* model = Model(BuildMesh(Origin(20), elems));
     // Plane shapes: PLANE182 linear, PLANE183 quadratic. Solids: SOLID185 linear, SOLID187 the
     // quadratic tetrahedron, SOLID186 the other quadratic solids; numbered as first seen.
-    std::string want = "/PREP7\n" + Nodes(20) + "C***       Element Types\n";
+    std::string want = "/PREP7\n" + OriginLines(20) + "C***       Element Types\n";
     want += "ET,1,PLANE182\nET,2,PLANE183\nET,3,SOLID185\nET,4,SOLID187\nET,5,SOLID186\n";
     want += "C***       Real Constants\nC***       Elements\n";
     want += "TYPE,1\nEN,1,1,2,3,3\n";                // I J K K
@@ -116,7 +96,7 @@ TEST_F(ANSFwtShapesTest, ThermalElements)
                                    surf, {SYS_SHAPE_POINT, 0, 0, 13, 0, 12, Seq(1)}};
     vis_Model* model = Model(BuildMesh(Origin(20), elems));
     Step(model, 2);
-    std::string want = "/PREP7\n" + Nodes(20) + "C***       Element Types\n";
+    std::string want = "/PREP7\n" + OriginLines(20) + "C***       Element Types\n";
     // PLANE75, the axisymmetric one with KEYOPT(3) 1, PLANE77, SOLID70, SOLID87, SOLID90;
     // shells SHELL131 and SHELL132; beam and truss both LINK33; SURF152 with KEYOPT(4) 1 at
     // order 2; MASS71.
@@ -159,7 +139,7 @@ TEST_F(ANSFwtShapesTest, StructuralShellsLinesPoints)
         with({SYS_SHAPE_LINE, 0, 0, 14, 0, 15, Seq(2)}, 2, 6),          // SURF153
     };
     vis_Model* model = Model(BuildMesh(Origin(6), elems));
-    std::string want = "/PREP7\n" + Nodes(6) + "C***       Element Types\n";
+    std::string want = "/PREP7\n" + OriginLines(6) + "C***       Element Types\n";
     want += "ET,1,SHELL181\nET,2,SHELL181,1\nET,3,SHELL281\nET,4,SHELL208\nET,5,SHELL209\nET,6,BEAM189\nET,7,BEAM3\n";
     // Gaps KEYOPT(3) 1; a plane spring KEYOPT(3) 2, a torsional one 1; a mass of three equal
     // masses (0, no property) without inertias KEYOPT(3) 2; SURF154 KEYOPT(4) 1 at order 2 only.
@@ -202,7 +182,7 @@ TEST_F(ANSFwtShapesTest, FaceLoads)
     const double zero[3] = {0, 0, 0}, spin[3] = {0, 0, 3}, centre[3] = {1, 2, 3};
     vis_LCaseSetAcceldv(lc, zero, spin, zero, centre);
     Step(model, 1, lc);
-    std::string want = "/PREP7\n" + Nodes(10) + "C***       Element Types\nET,1,SOLID185\nET,2,SOLID187\nET,3,PLANE182\n";
+    std::string want = "/PREP7\n" + OriginLines(10) + "C***       Element Types\nET,1,SOLID185\nET,2,SOLID187\nET,3,PLANE182\n";
     want += "C***       Real Constants\nC***       Elements\nTYPE,1\nEN,1,1,2,3,4,5,6,7,8\nEN,2,1,2,3,3,4,5,6,6\n";
     want += "TYPE,2\nEN,3,1,2,3,4,5,6,7,8\nEMORE,9,10\nTYPE,3\nEN,4,1,2,3,4\nEN,5,1,2,3,3\nC***       Rigids\n";
     want += "C***       Solution Steps\n/SOLUTION\nANTYPE,STATIC\nFCUM,REPL\nC***       Loads\n";
