@@ -55,7 +55,7 @@ void vis_ANSFwt_Reals(vis_ANSFwt* ans);
 /* The real constant number of a typed element, 0 when it has none (after vis_ANSFwt_Reals). */
 int vis_ANSFwt_RealOf(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e);
 /* 1 when the element's property carries a section (SECNUM). */
-int vis_ANSFwt_HasSection(const vis_ANSFwt_Elem* e);
+int vis_ANSFwt_HasSection(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e);
 
 /* Coordinate systems, nodes, elements and rigid links (vis_ANSFwtMesh.cpp). */
 void vis_ANSFwt_CoordSys(vis_ANSFwt* ans);

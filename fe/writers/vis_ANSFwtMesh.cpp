@@ -247,7 +247,7 @@ void vis_ANSFwt_Elems(vis_ANSFwt* ans)
         vis_ANSFwt_ReadElem(ans, i, &e);
         const int n = vis_ANSFwt_NodeOrder(&e, ans->libno[i], pos);
         if (n == 0) continue;
-        const int section = vis_ANSFwt_HasSection(&e);
+        const int section = vis_ANSFwt_HasSection(ans, &e);
         Attribute(fp, "ESYS", e.csysid ? e.csysid + 10 : 0, &esys);
         Attribute(fp, "TYPE", ans->etnum[i], &type);
         Attribute(fp, "MAT", e.matlid, &mat);

@@ -320,7 +320,7 @@ int vis_ANSFwt_Rule(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e, vis_ANSFwt_Type* 
     }
 }
 
-int vis_ANSFwt_HasSection(const vis_ANSFwt_Elem* e)
+int vis_ANSFwt_HasSection(vis_ANSFwt* ans, const vis_ANSFwt_Elem* e)
 {
     if (!e->prop) return 0;
     const int type = e->prop->type;
@@ -328,7 +328,8 @@ int vis_ANSFwt_HasSection(const vis_ANSFwt_Elem* e)
         const int wall = PropInt(e->prop, 89, 0);
         return (wall == 0 && PropSet(e->prop, 7)) || wall == 2;
     }
-    return e->featype == 4 && type == 4;
+    /* Only the three-dimensional beams take sections; the others read real constants. */
+    return e->featype == 4 && type == 4 && ans->domain == 1 && e->featwod == 0;
 }
 
 void vis_ANSFwt_Types(vis_ANSFwt* ans)

@@ -3,6 +3,7 @@
 #include "ANSFwtTestSupport.h"
 #include "gtest/gtest-spi.h"
 #include "vis_ANSFwtInternal.h"
+#include "vis_CoordSys.h"
 #include "vis_EProp.h"
 #include "vis_MProp.h"
 #include "vis_RCase.h"
@@ -382,6 +383,58 @@ TEST_F(ANSFwtSectionTest, SectionsAndEqualCorners)
     // Material 1: modulus and ratio only.
     want += "C***       Material properties\nMP,EX,1,2.0E+11\nMP,NUXY,1,.25\n";
     EXPECT_EQ(Write(model, "sections.inp"), want);
+}
+
+}  // namespace
+
+namespace {
+
+class ANSFwtSystemTest : public ANSWriterTest {
+protected:
+    void TearDown() override
+    {
+        vsy_HashTableDelete(tab);
+        vis_CoordSysDelete(cyl);
+        vis_CoordSysDelete(sph);
+        ANSWriterTest::TearDown();
+    }
+    vsy_HashTable* tab = vsy_HashTableNew();
+    vis_CoordSys* cyl = vis_CoordSysNew();
+    vis_CoordSys* sph = vis_CoordSysNew();
+};
+
+// Systems as "LOCAL" with their angles, nodes in a system with its angles, elements in a system
+// under "ESYS".
+TEST_F(ANSFwtSystemTest, SystemsOfNodesAndElements)
+{
+    // System 5, cylindrical (1), at (1,2,3), turned 90 degrees about x: axes x (1,0,0),
+    // y (0,0,1), z (0,-1,0). asin of the y axis' z component 1 is 90 about x; about z
+    // atan2(-0, 0) and about y atan2(-0, 0) are 0.
+    const double o5[3] = {1, 2, 3}, t5[9] = {1, 0, 0, 0, 0, 1, 0, -1, 0};
+    vis_CoordSysDef(cyl, VIS_COORDSYS_CYLINDRICAL);
+    vis_CoordSysSetOriginTriaddv(cyl, o5, t5);
+    // System 7, spherical (2), turned 30 degrees about y: x (cos 30, 0, -sin 30), z (sin 30, 0,
+    // cos 30); about y atan2(.5, .866) = 30, the others 0.
+    const double o7[3] = {0, 0, 0}, s = 0.5, c = 0.86602540378443865;
+    const double t7[9] = {c, 0, -s, 0, 1, 0, s, 0, c};
+    vis_CoordSysDef(sph, VIS_COORDSYS_SPHERICAL);
+    vis_CoordSysSetOriginTriaddv(sph, o7, t7);
+    vsy_HashTableInsert(tab, 5, cyl);
+    vsy_HashTableInsert(tab, 7, sph);
+    std::vector<MeshNode> nodes = Origin(4);
+    nodes[0].csysid = 5;
+    nodes[1].csysid = 9;  // no such system: no angles
+    MeshElem a{SYS_SHAPE_QUAD, 0, 0, 1, 0, 1, {1, 2, 3, 4}}, b{SYS_SHAPE_QUAD, 0, 0, 1, 0, 2, {1, 2, 3, 4}};
+    a.csysid = 7;
+    vis_Model* model = Model(BuildMesh(nodes, {a, b}));
+    vis_ModelSetHashTable(model, SYS_COORDSYS, tab);
+    std::string want = "/PREP7\nC***       Coordinate systems\nLOCAL,15,1,1.,2.,3.,0.,90.,0.\nLOCAL,17,2,0.,0.,0.,0.,0.,30.\n";
+    std::string lines = OriginLines(4);
+    const std::string first = "N,1," + C(0) + "," + C(0) + "," + C(0);
+    lines.replace(lines.find(first), first.size(), first + ",0.,90.,0.");
+    want += lines + "C***       Element Types\nET,1,PLANE182\nC***       Real Constants\nC***       Elements\n";
+    want += "ESYS,17\nTYPE,1\nEN,1,1,2,3,4\nESYS,0\nEN,2,1,2,3,4\nC***       Rigids\n";
+    EXPECT_EQ(Write(model, "systems.inp"), want);
 }
 
 }  // namespace
