@@ -13,8 +13,13 @@
  * Option VIS_ANSFWT_BLOCKS (1 after New) writes the block commands "/PREP7", "/SOLUTION",
  * "SOLVE" and "FINISH"; at 0 they are left out, for a file read into a running session.
  *
- * Departures: elements of order 4 and Lagrange forms get no element type (no element of the
- * rule table holds them); the element library keeps the names, numbers and the rows the
+ * Choices where the rules leave room: nodes of a collapsed face or edge repeat the corner in
+ * the format's brick and quadrilateral forms; face loads go to the format's face of the same
+ * corners; initial conditions of a node go in tag order; a step of kind 5 writes no analysis
+ * type; load cases without forces still delete the loads of earlier steps.
+ *
+ * Departures: elements of order 4, Lagrange forms and those with masked midside nodes get no
+ * element type (no element of the rule table holds them); the element library keeps the names, numbers and the rows the
  * writer needs, not every description of the format's reference; no "MPTEMP" or "MPDATA" table
  * is written, since a material's values are doubles and carry no curve id in this model;
  * load factors scale forces, moments, heat, pressures, fluxes and accelerations, not

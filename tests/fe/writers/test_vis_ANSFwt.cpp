@@ -211,13 +211,16 @@ TEST_F(ANSFwtTest, ShapesWithoutTypeLeftOut)
     ExpectNoReport();
 }
 
-// Two nodes of one id: node ids are replaced by indices; the element ids stay.
+// Two nodes of one id: node ids are replaced by indices; the element ids stay while they are
+// unique, and two elements of one id are printed by their indices as well.
 TEST_F(ANSFwtTest, NonUniqueIdsPrintIndices)
 {
     std::vector<MeshNode> nodes = {{{0, 0, 0}, 5, 1, 0}, {{0, 0, 0}, 5, 1, 0}};
     vis_Model* model = Model(BuildMesh(nodes, {{SYS_SHAPE_LINE, 0, 0, 5, 0, 9, {1, 2}}}));
     // A truss: LINK180; without a property its area and mass are 0 (constants above 0).
     EXPECT_EQ(Write(model, "ids.inp"), Mesh(2, "ET,1,LINK180\n", "R,1,0.,0.\n", "TYPE,1\nREAL,1\nEN,9,1,2\n"));
+    vis_Model* twice = Model(BuildMesh(nodes, {{SYS_SHAPE_LINE, 0, 0, 5, 0, 9, {1, 2}}, {SYS_SHAPE_LINE, 0, 0, 5, 0, 9, {2, 1}}}));
+    EXPECT_EQ(Write(twice, "ids2.inp"), Mesh(2, "ET,1,LINK180\n", "R,1,0.,0.\n", "TYPE,1\nREAL,1\nEN,1,1,2\nEN,2,2,1\n"));
 }
 
 // Rigid links: a rigid body of three nodes with all six dofs (the default), one of two nodes
