@@ -16,7 +16,7 @@
  * Choices where the rules leave room: nodes of a collapsed face or edge repeat the corner in
  * the format's brick and quadrilateral forms; face loads go to the format's face of the same
  * corners; initial conditions of a node go in tag order; a step of kind 5 writes no analysis
- * type; load cases without forces still delete the loads of earlier steps.
+ * type; a step without load cases still deletes the loads of earlier steps.
  *
  * Departures: elements of order 4, Lagrange forms and those with masked midside nodes get no
  * element type (no element of the rule table holds them); the element library keeps the names, numbers and the rows the
