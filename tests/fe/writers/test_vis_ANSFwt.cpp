@@ -441,3 +441,26 @@ TEST_F(ANSFwtSystemTest, SystemsOfNodesAndElements)
 }
 
 }  // namespace
+
+namespace {
+
+// Constants read from the properties: a gap (closed stiffness 36, gap 34, open 37, transverse
+// 38) and a truss (area 14, nonstructural mass 11); numbered above the largest property 8.
+TEST_F(ANSFwtTest, GapAndTrussConstants)
+{
+    vis_Model* model = Model(BuildMesh(Origin(2), {{SYS_SHAPE_LINE, 0, 0, 7, 7, 1, {1, 2}}, {SYS_SHAPE_LINE, 0, 0, 5, 8, 2, {1, 2}}}));
+    vis_EProp* gap = Prop(model, 7, 7);
+    vis_EPropSetValued(gap, 36, 1e5);
+    vis_EPropSetValued(gap, 34, 0.01);
+    vis_EPropSetValued(gap, 38, 250.0);
+    vis_EProp* truss = Prop(model, 8, 5);
+    const double area[2] = {0.5, 0.5}, nsm[4] = {2, 2, 2, 2};
+    vis_EPropSetValuedv(truss, 14, area);
+    vis_EPropSetValuedv(truss, 11, nsm);
+    // 1e5: "100000." is not shorter than "1.0E+5"; the open stiffness is unset (0).
+    const std::string reals = "R,9,1.0E+5,.01,0.,250.\nR,10,.5,2.\n";
+    const std::string elems = "TYPE,1\nREAL,9\nEN,1,1,2\nTYPE,2\nREAL,10\nEN,2,1,2\n";
+    EXPECT_EQ(Write(model, "gap.inp"), Mesh(2, "ET,1,CONTAC52,0,0,1\nET,2,LINK180\n", reals, elems) + "C***       Element properties\n");
+}
+
+}  // namespace
