@@ -1,8 +1,9 @@
-// Writer benchmark: the NASTRAN deck, the ABAQUS deck and the native text and binary forms
-// (vis_ConnectWrite -1, -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5
-// and 10^6 elements, each timed on the wall clock with its bytes and MB/s, beside
-// the floor of the C library: formatting the same coordinates with snprintf("%23.15E") alone
-// into a buffer, as the deck's grid cards need them, with no file and no element.
+// Writer benchmark: the NASTRAN deck, the ABAQUS deck, the ANSYS command file and the native
+// text and binary forms (vis_ConnectWrite -1, -2) of structured hexahedral and tetrahedral
+// meshes of about 10^4, 10^5 and 10^6 elements, each timed on the wall clock with its bytes and
+// MB/s, beside the floor of the C library: formatting the same coordinates with snprintf alone
+// into a buffer ("%23.15E" as the deck's grid cards need them, "%16.9E" as the command file's
+// node lines), with no file and no element.
 //
 // Nodes lie on a grid of spacing 0.1 (reals with full 17-digit expansions); every node is a
 // grid point and every element a solid. The tetrahedral mesh splits each cell into six.
@@ -19,6 +20,7 @@
 #include "vis_EProp.h"
 #include "vis_LCase.h"
 #include "vis_MProp.h"
+#include "vis_ANSFwt.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vis_RCase.h"
@@ -103,8 +105,9 @@ vis_Connect* BuildMesh(int n, bool tets)
     return c;
 }
 
-/* The C library's floor: three "%23.15E" conversions per node; wall and processor ms. */
-double SnprintfFloor(int n, double* cpu)
+/* The C library's floor: three conversions per node in `format` ("%23.15E" for the grid cards,
+ * "%16.9E" for the command file's node lines); wall and processor ms. */
+double SnprintfFloor(int n, const char* format, double* cpu)
 {
     char buf[40];
     volatile char sink = 0;
@@ -115,8 +118,8 @@ double SnprintfFloor(int n, double* cpu)
             for (int i = 0; i <= n; ++i) {
                 const double x[3] = {0.1 * i, 0.1 * j, 0.1 * k};
                 for (double v : x) {
-                    std::snprintf(buf, sizeof buf, "%23.15E", v);
-                    sink = sink + buf[19];
+                    std::snprintf(buf, sizeof buf, format, v);
+                    sink = sink + buf[12];
                 }
             }
     *cpu = CpuMs() - c0;
@@ -158,6 +161,31 @@ void Form(vis_Connect* c, int type, const char* label)
                 st.st_size / 1048576.0 / (ms / 1000.0));
 }
 
+/* The ANSYS command file of the same mesh, beside its floor: the "%16.9E" conversions of its
+ * node lines alone. */
+void Ansys(vis_Connect* c, int n)
+{
+    vis_Model* model = vis_ModelNew();
+    vis_ModelSetObject(model, SYS_CONNECT, c);
+    vis_ANSFwt* ans = vis_ANSFwtNew();
+    const std::string file = ScratchPath("ans");
+    const Clock::time_point t0 = Clock::now();
+    const double c0 = CpuMs();
+    vis_ANSFwtWriteModel(ans, model, file.c_str());
+    const double ms = Ms(t0), cpu = CpuMs() - c0;
+    const int err = vis_ANSFwtError(ans);
+    struct stat st {};
+    stat(file.c_str(), &st);
+    std::remove(file.c_str());
+    double floorcpu = 0;
+    const double floor = SnprintfFloor(n, "%16.9E", &floorcpu);
+    std::printf("      %-8s %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s  %%16.9E floor %9.1f ms (cpu %7.1f)%s\n", "ansys",
+                ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
+                err ? "  (write failed)" : "");
+    vis_ANSFwtDelete(ans);
+    vis_ModelDelete(model);
+}
+
 void Run(const char* kind, int n, bool tets)
 {
     vis_Connect* c = BuildMesh(n, tets);
@@ -175,7 +203,7 @@ void Run(const char* kind, int n, bool tets)
     stat(path, &st);
     std::remove(path);
     double floorcpu = 0;
-    const double floor = SnprintfFloor(n, &floorcpu);
+    const double floor = SnprintfFloor(n, "%23.15E", &floorcpu);
     int ne = 0, nn = 0;
     vis_ConnectGetInteger(c, 4, &ne);
     vis_ConnectGetInteger(c, 1, &nn);
@@ -186,6 +214,7 @@ void Run(const char* kind, int n, bool tets)
     Abaqus(model);
     Form(c, -1, "text");
     Form(c, -2, "binary");
+    Ansys(c, n);
     std::fflush(stdout);
     vis_NASFwtDelete(nas);
     vis_ModelDelete(model);

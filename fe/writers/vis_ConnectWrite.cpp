@@ -1,6 +1,7 @@
 #include "vis_ConnectWrite.h"
 
 #include "vis_ABAFwt.h"
+#include "vis_ANSFwt.h"
 #include "vis_Connect.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
@@ -161,6 +162,7 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     switch (type) {
     case 13: Deck(connect, path, vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete); break;
     case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
+    case 22: Deck(connect, path, vis_ANSFwtNew, vis_ANSFwtWriteModel, vis_ANSFwtError, vis_ANSFwtDelete); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
     case -10: Pair(connect, path); break;

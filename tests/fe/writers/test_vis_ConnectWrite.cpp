@@ -32,9 +32,9 @@ protected:
 TEST_F(ConnectWriteTest, RefusedCodes)
 {
     c = TwoTriangles();
-    // 0 and unknown codes; writers not built yet; surface triangles not built yet. Code 13,
-    // the ABAQUS deck, is built and has its own test below.
-    for (int type : {0, 5, 11, 14, 20, 22, 25, 41, -7}) {
+    // 0 and unknown codes; writers not built yet; surface triangles not built yet. Codes 13
+    // and 22, the ABAQUS and ANSYS decks, are built and have their own tests below.
+    for (int type : {0, 5, 11, 14, 20, 25, 41, -7}) {
         Reports().clear();
         vis_ConnectWrite(c, type, File("refused").c_str());
         ExpectOnlyReport("vis_ConnectWrite", 2, "type= " + std::to_string(type));
@@ -285,6 +285,31 @@ TEST_F(ConnectWriteTest, AbaqusRoadUnopenable)
     EXPECT_EQ(Reports()[0].name, "vis_ABAFwtWriteModel");
     EXPECT_EQ(Reports()[1].name, "vis_ConnectWrite");
     EXPECT_EQ(Reports()[1].code, 6);
+    EXPECT_EQ(vis_ConnectError(c), 6);
+}
+
+TEST_F(ConnectWriteTest, AnsysRoad)
+{
+    // The same mesh as a command file: no tables, so nodes, the element's type and the element;
+    // a linear triangle of feature 2 is a shell, SHELL181 as a collapsed quadrilateral.
+    c = BuildMesh({{{0, 0, 0}, 11, 1, 0}, {{1, 0, 0}, 12, 1, 0}, {{1, 1, 0}, 13, 1, 0}},
+                  {{SYS_SHAPE_TRI, 0, 0, 2, 7, 21, {1, 2, 3}}});
+    const std::string path = File("connect.inp");
+    vis_ConnectWrite(c, 22, path.c_str());
+    ExpectNoReport();
+    const std::string z = " 0.000000000E+00", one = " 1.000000000E+00";  // "%16.9E"
+    std::string want = "/PREP7\nC***       Nodes\nCSYS,0\n";
+    want += "N,11," + z + "," + z + "," + z + "\nN,12," + one + "," + z + "," + z + "\nN,13," + one + "," + one + "," + z + "\n";
+    want += "C***       Element Types\nET,1,SHELL181\nC***       Real Constants\nC***       Elements\n";
+    want += "TYPE,1\nEN,21,11,12,13,13\nC***       Rigids\n";
+    EXPECT_EQ(ReadFile(path), want);
+    // A path that cannot be opened is the connect's failure too.
+    Reports().clear();
+    const std::string bad = dir + "/missing/x.inp";
+    vis_ConnectWrite(c, 22, bad.c_str());
+    ASSERT_EQ(Reports().size(), 2u);
+    EXPECT_EQ(Reports()[0].name, "vis_ANSFwtWriteModel");
+    EXPECT_EQ(Reports()[1].text, "pathname= " + bad);
     EXPECT_EQ(vis_ConnectError(c), 6);
 }
 
