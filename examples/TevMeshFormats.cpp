@@ -5,6 +5,7 @@ const std::vector<TevMeshFormat>& TevMeshFormats::All()
     static const std::vector<TevMeshFormat> formats = {
         {18, "NASTRAN bulk data", "bdf"},
         {13, "ABAQUS input", "inp"},
+        {22, "ANSYS commands", "ans"},
         {-1, "Connectivity, native text", "cnt"},
         {-2, "Connectivity, native binary", "cnb"},
         {-10, "Points and faces pair", ""},
