@@ -11,7 +11,8 @@ viewer_packages=(qtbase5-dev libvtk9-dev libvtk9-qt-dev
   libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
   libocct-ocaf-dev libocct-visualization-dev libocct-data-exchange-dev
   libx11-dev xvfb xauth libgl1-mesa-dri dpkg-dev xz-utils patch
-  fonts-wqy-microhei)  # glyphs for the status bar's Chinese selection count
+  fonts-wqy-microhei  # glyphs for the status bar's Chinese selection count
+  libgmsh-dev)        # the demo host's volume mesher
 
 packages=("${fe_packages[@]}")
 [ "${TEV_FE_ONLY:-0}" = 1 ] || packages+=("${viewer_packages[@]}")
