@@ -187,13 +187,8 @@ int vis_ABAFwt_Face(int shape, int no)
 
 vis_ABAFwt* vis_ABAFwtNew(void)
 {
-    vis_ABAFwt* aba = static_cast<vis_ABAFwt*>(vsy_Malloc(sizeof(vis_ABAFwt)));
-    if (!aba) {
-        vsy_ErrorMessage("ABAFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(aba, 0, sizeof *aba);
-    aba->domain = 1;
+    vis_ABAFwt* aba = static_cast<vis_ABAFwt*>(vis_Writer_New(sizeof(vis_ABAFwt), "ABAFwt"));
+    if (aba) aba->domain = 1;
     return aba;
 }
 
@@ -207,10 +202,7 @@ void vis_ABAFwtDelete(vis_ABAFwt* aba)
 
 int vis_ABAFwtError(vis_ABAFwt* aba)
 {
-    if (!aba) return 0;
-    const int ierr = aba->w.ierr;
-    aba->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(aba ? &aba->w : nullptr);
 }
 
 void vis_ABAFwtWriteModel(vis_ABAFwt* aba, vis_Model* model, const char* path)

@@ -131,13 +131,8 @@ void Sections(vis_ANSFwt* ans)
 
 vis_ANSFwt* vis_ANSFwtNew(void)
 {
-    vis_ANSFwt* ans = static_cast<vis_ANSFwt*>(vsy_Malloc(sizeof(vis_ANSFwt)));
-    if (!ans) {
-        vsy_ErrorMessage("ANSFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(ans, 0, sizeof *ans);
-    ans->blocks = 1;
+    vis_ANSFwt* ans = static_cast<vis_ANSFwt*>(vis_Writer_New(sizeof(vis_ANSFwt), "ANSFwt"));
+    if (ans) ans->blocks = 1;
     return ans;
 }
 
@@ -151,10 +146,7 @@ void vis_ANSFwtDelete(vis_ANSFwt* ans)
 
 int vis_ANSFwtError(vis_ANSFwt* ans)
 {
-    if (!ans) return 0;
-    const int ierr = ans->w.ierr;
-    ans->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(ans ? &ans->w : nullptr);
 }
 
 void vis_ANSFwtSetParami(vis_ANSFwt* ans, int type, int value)

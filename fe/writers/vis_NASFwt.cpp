@@ -96,13 +96,8 @@ void Sections(vis_NASFwt* nas)
 
 vis_NASFwt* vis_NASFwtNew(void)
 {
-    vis_NASFwt* nas = static_cast<vis_NASFwt*>(vsy_Malloc(sizeof(vis_NASFwt)));
-    if (!nas) {
-        vsy_ErrorMessage("NASFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(nas, 0, sizeof *nas);
-    nas->domain = 1;
+    vis_NASFwt* nas = static_cast<vis_NASFwt*>(vis_Writer_New(sizeof(vis_NASFwt), "NASFwt"));
+    if (nas) nas->domain = 1;
     return nas;
 }
 
@@ -115,10 +110,7 @@ void vis_NASFwtDelete(vis_NASFwt* nas)
 
 int vis_NASFwtError(vis_NASFwt* nas)
 {
-    if (!nas) return 0;
-    const int ierr = nas->w.ierr;
-    nas->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(nas ? &nas->w : nullptr);
 }
 
 void vis_NASFwtWriteModel(vis_NASFwt* nas, vis_Model* model, const char* path)

@@ -7,6 +7,8 @@
 #include "vis_Model.h"
 #include "vsy_Error.h"
 
+#include <cstring>
+
 namespace {
 
 void CloseStream(vis_Writer* w)
@@ -86,6 +88,25 @@ void vis_Writer_End(vis_Writer* w)
 void vis_Writer_Release(vis_Writer* w)
 {
     vis_Writer_End(w);
+}
+
+void* vis_Writer_New(size_t size, const char* shortname)
+{
+    void* record = vsy_Malloc(size);
+    if (!record) {
+        vsy_ErrorMessage(shortname, SYS_ERROR_MEMORY, "Creation Failure");
+        return nullptr;
+    }
+    std::memset(record, 0, size);
+    return record;
+}
+
+int vis_Writer_TakeError(vis_Writer* w)
+{
+    if (!w) return 0;
+    const int ierr = w->ierr;
+    w->ierr = 0;
+    return ierr;
 }
 
 void vis_Writer_Topology(vis_Writer* w, int elem, int* shape, int* maxi, int* maxj, int* maxk)

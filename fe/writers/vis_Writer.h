@@ -41,6 +41,11 @@ int vis_Writer_Begin(vis_Writer* w, const char* name, struct vis_Model* model);
 void vis_Writer_End(vis_Writer* w);
 /* Closes a stream left open by a failed WriteModel and an own grid function; for Delete. */
 void vis_Writer_Release(vis_Writer* w);
+/* A zeroed writer record of `size` bytes, or null after reporting `shortname` with code 4
+ * "Creation Failure"; for each writer's New. */
+void* vis_Writer_New(size_t size, const char* shortname);
+/* The last error of a writer, cleared; 0 for a null writer. For each writer's Error. */
+int vis_Writer_TakeError(vis_Writer* w);
 
 /* Writes len bytes of a built line. The library has no threads, so the stream's lock is skipped
  * where the runtime offers that. */
