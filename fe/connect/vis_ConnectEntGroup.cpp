@@ -127,7 +127,7 @@ void vis_ConnectFaceGroup(vis_Connect* c, int oper, vis_Group* source, vis_Group
     }
     if (!vis_Connect_GroupCheck(c, name, source, vis_Connect_EntSourceKinds(SYS_FACE, oper), dest, VIS_CGK_FACE)) return;
     if (!vis_Connect_GroupKernel(c, name)) return;
-    if (oper == VIS_CGROUP_REGION) vis_Connect_GroupRegion(c, source, dest);
+    if (oper == VIS_CGROUP_REGION) vis_Connect_GroupRegion(c, SYS_FACE, source, dest);
     else vis_Connect_EntScan(c, name, SYS_FACE, oper, source, dest);
 }
 
@@ -140,12 +140,13 @@ void vis_ConnectEdgeGroup(vis_Connect* c, int oper, vis_Group* source, vis_Group
         return;
     }
     int feature = oper == VIS_CGROUP_FEATURE || oper == VIS_CGROUP_SILHOUETTE;
-    if (!vis_Connect_EntOper(SYS_EDGE, oper) && !feature) {
+    if (!vis_Connect_EntOper(SYS_EDGE, oper) && !feature && oper != VIS_CGROUP_REGION) {
         vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "oper= %d", oper);
         return;
     }
     if (!vis_Connect_GroupCheck(c, name, source, vis_Connect_EntSourceKinds(SYS_EDGE, oper), dest, VIS_CGK_EDGE)) return;
     if (!vis_Connect_GroupKernel(c, name)) return;
     if (feature) vis_Connect_GroupFeature(c, oper, source, dest);
+    else if (oper == VIS_CGROUP_REGION) vis_Connect_GroupRegion(c, SYS_EDGE, source, dest);
     else vis_Connect_EntScan(c, name, SYS_EDGE, oper, source, dest);
 }

@@ -30,8 +30,9 @@
  *
  * Orientation (ElemGroup 17) keeps its region numbers in a plain array rather than a
  * vis_IdTran, and judges each element against its predecessor in the walk only.
- * The curvature crease test (EdgeGroup 18) and region growing of edges (EdgeGroup 23) are not
- * built yet: they are error 2 "oper= %d".
+ * Region growing of edges (EdgeGroup 23) reads its element-face seed group as flags on node
+ * positions and takes a node group as well (see vis_ConnectGroupRegion.cpp). The curvature
+ * crease test (EdgeGroup 18) is not built yet: it is error 2 "oper= %d".
  */
 #ifndef VIS_CONNECTGROUP_H
 #define VIS_CONNECTGROUP_H

@@ -72,7 +72,7 @@ void vis_Connect_GroupSample(vis_Connect* c, int enttype, struct vis_Group* sour
 void vis_Connect_GroupIntersect(vis_Connect* c, struct vis_Group* source, struct vis_Group* dest);
 /* Face and edge operations 3 and 8 over a face source. */
 void vis_Connect_GroupFeature(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest);
-/* Face operation 23. */
-void vis_Connect_GroupRegion(vis_Connect* c, struct vis_Group* source, struct vis_Group* dest);
+/* Face and edge operation 23 (enttype SYS_FACE or SYS_EDGE). */
+void vis_Connect_GroupRegion(vis_Connect* c, int enttype, struct vis_Group* source, struct vis_Group* dest);
 
 #endif

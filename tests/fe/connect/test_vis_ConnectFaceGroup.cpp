@@ -305,6 +305,48 @@ TEST_F(FaceGroupTest, RegionSeedErrorsLeaveTheDestinationAlone)
     EXPECT_EQ(FlagCount(region), 0);
 }
 
+TEST_F(FaceGroupTest, EdgeRegionStopsAtCorners)
+{
+    // The 24 feature edges of the cube as source. Seeded at the middle node (1, 0, 0) of a cube
+    // edge: the two element edges there (on elements 1 and 2) join; their far ends are cube
+    // corners, which stop the growth: 2 edges.
+    Block(c, 2, 2, 2);
+    vis_Group* features = featureEdges(freeFaces());
+    vis_Group* corners = keep(NewGroup(27, SYS_NODE, 0));
+    for (int k : {0, 2})
+        for (int j : {0, 2})
+            for (int i : {0, 2}) vis_GroupSetIndex(corners, BlockNode(2, 2, i, j, k), 1);
+    vis_ConnectSetGroupObject(c, SYS_GROUP, corners);
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDNODE, BlockNode(2, 2, 1, 0, 0));
+    vis_Group* region = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_REGION, features, region);
+    EXPECT_EQ(FlagCount(region), 2);
+    EXPECT_EQ(Members(region), (std::vector<int>{1, 2}));
+    // The same stops as element-face flags on node positions: the cube corner of the corner
+    // element (i, j, k) in {0, 1}^3 sits at local corner i, j, k of it, position 1 + the corner
+    // number (bottom 0 1 2 3 counter-clockwise from the origin, top 4 to 7).
+    vis_Group* stops = faces();
+    const int corner[2][2] = {{0, 3}, {1, 2}};  // [i][j]
+    for (int k = 0; k <= 1; ++k)
+        for (int j = 0; j <= 1; ++j)
+            for (int i = 0; i <= 1; ++i) vis_GroupSetEntFlag(stops, 1 + i + 2 * j + 4 * k, 1 + 4 * k + corner[i][j], 1);
+    vis_ConnectSetGroupObject(c, SYS_GROUP, stops);
+    vis_Group* again = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_REGION, features, again);
+    EXPECT_EQ(FlagCount(again), 2);
+    // With no stop, the connected network of all 24 feature edges.
+    vis_ConnectSetGroupObject(c, SYS_GROUP, keep(NewGroup(27, SYS_NODE, 0)));
+    vis_Group* all = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_REGION, features, all);
+    EXPECT_EQ(FlagCount(all), 24);
+    // A seed edge out of range reports in the edge wording.
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDNODE, 0);
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDELEM, 1);
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDEDGE, 13);
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_REGION, features, all);
+    ExpectOnlyReport("vis_ConnectEdgeGroup", SYS_ERROR_OPERATION, "Seed element edge out of range");
+}
+
 TEST_F(FaceGroupTest, AttributeInterfaceBetweenTwoTouchingBlocks)
 {
     // Three hexahedra in a row: elements 1 and 2 are part 1, element 3 is part 2. The only
