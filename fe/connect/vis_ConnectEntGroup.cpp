@@ -109,7 +109,7 @@ static int vis_Connect_EntSourceKinds(int enttype, int oper)
 {
     if (oper == VIS_CGROUP_ALLNODES || oper == VIS_CGROUP_COUNTNODES) return VIS_CGK_NODE;
     if (oper == VIS_CGROUP_REGION) return enttype == SYS_FACE ? VIS_CGK_FACE : VIS_CGK_EDGE;
-    if (oper == VIS_CGROUP_FEATURE || oper == VIS_CGROUP_SILHOUETTE) return VIS_CGK_FACE;
+    if (oper == VIS_CGROUP_FEATURE || oper == VIS_CGROUP_SILHOUETTE || oper == VIS_CGROUP_CREASE) return VIS_CGK_FACE;
     return enttype == SYS_EDGE ? VIS_CGK_ELEM | VIS_CGK_FACE : VIS_CGK_ELEM;
 }
 
@@ -139,7 +139,7 @@ void vis_ConnectEdgeGroup(vis_Connect* c, int oper, vis_Group* source, vis_Group
         GF_CALL(c, VIS_GRIDFUN_EDGEGROUP, vis_GridFunGroup_t)(c->gridfun->obj, oper, source, dest);
         return;
     }
-    int feature = oper == VIS_CGROUP_FEATURE || oper == VIS_CGROUP_SILHOUETTE;
+    int feature = oper == VIS_CGROUP_FEATURE || oper == VIS_CGROUP_SILHOUETTE || oper == VIS_CGROUP_CREASE;
     if (!vis_Connect_EntOper(SYS_EDGE, oper) && !feature && oper != VIS_CGROUP_REGION) {
         vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_ENUM, "oper= %d", oper);
         return;

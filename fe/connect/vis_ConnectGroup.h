@@ -31,8 +31,8 @@
  * Orientation (ElemGroup 17) keeps its region numbers in a plain array rather than a
  * vis_IdTran, and judges each element against its predecessor in the walk only.
  * Region growing of edges (EdgeGroup 23) reads its element-face seed group as flags on node
- * positions and takes a node group as well (see vis_ConnectGroupRegion.cpp). The curvature
- * crease test (EdgeGroup 18) is not built yet: it is error 2 "oper= %d".
+ * positions and takes a node group as well (see vis_ConnectGroupRegion.cpp). The crease test
+ * (EdgeGroup 18) judges faces of shape triangle and quadrilateral; other faces count as flat.
  */
 #ifndef VIS_CONNECTGROUP_H
 #define VIS_CONNECTGROUP_H

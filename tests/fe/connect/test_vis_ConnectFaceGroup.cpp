@@ -159,10 +159,9 @@ TEST_F(FaceGroupTest, CubeHas24FeatureEdgesAlongItsTwelveEdgesAt45Degrees)
     ExpectNoReport();
 }
 
-TEST_F(FaceGroupTest, FeatureEdgesOfAFlatPlateAreItsBorder)
+// 3 x 2 unit quadrilaterals in z = 0: 17 element edges, 10 of them on the border.
+static void Plate(vis_Connect* c)
 {
-    // 3 x 2 quadrilaterals in the plane z = 0: all normals equal, so only the border is taken
-    // (edges of one face): 2 * (3 + 2) = 10 element edges.
     std::vector<std::array<double, 3>> x;
     for (int j = 0; j <= 2; ++j)
         for (int i = 0; i <= 3; ++i) x.push_back({double(i), double(j), 0.0});
@@ -173,6 +172,13 @@ TEST_F(FaceGroupTest, FeatureEdgesOfAFlatPlateAreItsBorder)
             q.push_back({n, n + 1, n + 5, n + 4});
         }
     Shell(c, x, q);
+}
+
+TEST_F(FaceGroupTest, FeatureEdgesOfAFlatPlateAreItsBorder)
+{
+    // 3 x 2 quadrilaterals in the plane z = 0: all normals equal, so only the border is taken
+    // (edges of one face): 2 * (3 + 2) = 10 element edges.
+    Plate(c);
     vis_Group* all = faces();
     vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
     EXPECT_EQ(FlagCount(all), 6);  // oper 2: every shell element's one face
@@ -445,6 +451,63 @@ TEST_F(FaceGroupTest, NoSilhouetteOnAFlatPair)
     vis_Group* e = edges();
     vis_ConnectEdgeGroup(c, VIS_CGROUP_SILHOUETTE, all, e);
     EXPECT_EQ(FlagCount(e), 6);
+}
+
+TEST_F(FaceGroupTest, CreasesOfAFlatPlate)
+{
+    // Every curvature of a flat plate is 0, so kmax, kmin, p1, p2, e1, e2 are all 0. With
+    // curvetol .1: steps 1 to 5 do not fire (0 > 0 and 0 > .1 are false), step 6 ends with no
+    // crease (hi 0 < .1): only the 10 border edges. With curvetol 0, step 6 does not end it
+    // (0 < 0 is false) and step 7 finds hi 0 >= 5 * lo 0: every one of the 7 inner edges is a
+    // crease too, 17.
+    Plate(c);
+    vis_Group* all = faces();
+    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.1f);
+    vis_Group* e = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e);
+    EXPECT_EQ(FlagCount(e), 10);
+    vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.0f);
+    vis_Group* e0 = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e0);
+    EXPECT_EQ(FlagCount(e0), 17);
+}
+
+TEST_F(FaceGroupTest, CreaseWhereAPlaneMeetsACylinderTangentially)
+{
+    // A flat quadrilateral (x from -1 to 0, z = 0) and an 8-node quadrilateral on the cylinder
+    // of radius 1 about the line x = 0, z = 1 (points (sin t, y, 1 - cos t), t from 0 to 45
+    // degrees) share the line x = z = 0, where the cylinder touches the plane: no kink. At the
+    // shared edge the plane's curvatures are 0 and the cylinder's about 1 and 0, the edge
+    // running along the cylinder's straight direction, so both normal curvatures along the edge
+    // (e1, e2) are about 0. With curveflag 0 step 1 ends it (kmax * .2, about .2, exceeds hi,
+    // about 0): only the 6 border edges. With curveflag 1 step 1 is skipped and step 2 fires
+    // (the plane's p below 1e-7, the cylinder's about 1 above curvetol .1): 7.
+    const double t1 = std::atan(1.0), tm = t1 / 2;
+    const double x[10][3] = {{-1, 0, 0}, {0, 0, 0}, {0, 1, 0}, {-1, 1, 0},
+                             {std::sin(t1), 0, 1 - std::cos(t1)}, {std::sin(t1), 1, 1 - std::cos(t1)},
+                             {std::sin(tm), 0, 1 - std::cos(tm)}, {std::sin(t1), .5, 1 - std::cos(t1)},
+                             {std::sin(tm), 1, 1 - std::cos(tm)}, {0, .5, 0}};
+    vis_ConnectDef(c, 10, 2);
+    for (int n = 1; n <= 10; ++n) vis_ConnectSetCoordsdv(c, n, x[n - 1]);
+    const int flat[4] = {1, 2, 3, 4};
+    const int curved[8] = {2, 5, 6, 3, 7, 8, 9, 10};  // corners, then the middles of its edges
+    vis_ConnectSetTopology(c, 1, SYS_SHAPE_QUAD, 0, 0, 0);
+    vis_ConnectSetElemNode(c, 1, flat);
+    vis_ConnectSetTopology(c, 2, SYS_SHAPE_QUAD, 3, 0, 0);
+    vis_ConnectSetElemNode(c, 2, curved);
+    vis_ConnectKernel(c);
+    vis_Group* all = faces();
+    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.1f);
+    vis_Group* e = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e);
+    EXPECT_EQ(FlagCount(e), 6);
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_CURVEFLAG, 1);
+    vis_Group* e1 = edges();
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e1);
+    EXPECT_EQ(FlagCount(e1), 7);
+    ExpectNoReport();
 }
 
 TEST_F(FaceGroupTest, EdgeOperations)
