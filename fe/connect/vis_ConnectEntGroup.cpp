@@ -58,6 +58,12 @@ static int vis_Connect_EntTest(vis_Connect* c, int enttype, int oper, vis_Group*
     }
 }
 
+/* The face test, for the quick path's elements of other forms. */
+static int vis_Connect_FaceTest(vis_Connect* c, int oper, vis_Group* source, int id, int no, vis_ConnectGroupWork* w)
+{
+    return vis_Connect_EntTest(c, SYS_FACE, oper, source, id, no, w);
+}
+
 /* Sets every entity flag of element id. */
 static void vis_Connect_EntAll(vis_Connect* c, int enttype, int id, vis_Group* dest)
 {
@@ -72,6 +78,10 @@ static void vis_Connect_EntScan(vis_Connect* c, const char* name, int enttype, i
 {
     vis_ConnectGroupWork w;
     if (!vis_Connect_GroupWorkAlloc(c, name, &w)) return;
+    if (enttype == SYS_FACE && vis_Connect_GroupFreeFaces(c, oper, source, dest, vis_Connect_FaceTest, &w)) {
+        vis_Connect_GroupWorkFree(&w);
+        return;
+    }
     int nodesource = oper == VIS_CGROUP_ALLNODES || oper == VIS_CGROUP_COUNTNODES;
     vis_Group* elems = nodesource ? nullptr : source;
     for (int id = 1; id <= c->numelem; ++id) {

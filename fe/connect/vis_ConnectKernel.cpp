@@ -724,17 +724,8 @@ static int vis_Connect_Entity(vis_Connect* c, const char* name, int enttype, int
     }
 }
 
-/* Corner positions of the faces of the four solids, tetrahedron to hexahedron, read once from
- * the element tables. In serendipity forms (low half of maxj 0, maxk 0) the corners lead the
- * list, so these are positions for every order; the quick face path reads them without
- * parsing the element's form each time. */
-typedef struct vis_Connect_SolidFaces {
-    int numface[4];
-    int numcorner[4][6];
-    int corner[4][6][4];
-} vis_Connect_SolidFaces;
-
-static const vis_Connect_SolidFaces* vis_Connect_Faces(void)
+/* The corner positions of the solids' faces, built once (see vis_ConnectKernel.h). */
+const vis_Connect_SolidFaces* vis_Connect_Faces(void)
 {
     static const vis_Connect_SolidFaces faces = [] {
         vis_Connect_SolidFaces f = {};

@@ -1,6 +1,7 @@
 // vis_ConnectFaceGroup and vis_ConnectEdgeGroup: free and shared faces, feature edges and
 // regions on a cube of 2 x 2 x 2 hexahedra, an attribute interface between two blocks,
 // silhouettes, and the checks of the frame. Every expected count is worked out in a comment.
+#include "ConnectTestMesh.h"
 #include "GroupTestMesh.h"
 #include "vis_Connect.h"
 #include "vis_ConnectGroup.h"
@@ -569,6 +570,96 @@ TEST_F(FaceGroupTest, FaceAndEdgeGroupsNeedTheKernel)
     Reports().clear();
     vis_ConnectEdgeGroup(c, VIS_CGROUP_FREE, nullptr, edges());
     ExpectOnlyReport("vis_ConnectEdgeGroup", SYS_ERROR_OPERATION, "ConnectKernel not called");
+}
+
+}  // namespace
+
+namespace {
+
+// The rule of free faces and of every face once, straight from the node rows: the elements at
+// all corners of the face (vis_ConnectNodeElemCommon), other than the element and in the
+// source.
+std::vector<std::array<int, 2>> ReferenceFaces(vis_Connect* c, int oper, vis_Group* source)
+{
+    std::vector<std::array<int, 2>> out;
+    for (int id = 1; id <= c->numelem; ++id) {
+        int flags = 1;
+        if (source) vis_GroupGetIndex(source, id, &flags);
+        if (!flags) continue;
+        int nface = 0;
+        vis_ConnectElemNum(c, SYS_FACE, id, &nface);
+        for (int no = 1; no <= nface; ++no) {
+            int n = 0, pos[64], corners[64], num = 0, elems[64];
+            vis_ConnectElemCorn(c, SYS_FACE, id, no, &n, pos);
+            for (int k = 0; k < n; ++k) vis_ConnectIndElemNode(c, id, pos[k] - 1, &corners[k]);
+            vis_ConnectNodeElemCommon(c, n, corners, &num, elems);
+            int others = 0, lowest = 1;
+            for (int k = 0; k < num; ++k) {
+                int in = 1;
+                if (source) vis_GroupGetIndex(source, elems[k], &in);
+                if (elems[k] == id || !in) continue;
+                ++others;
+                lowest = lowest && elems[k] > id;
+            }
+            if (others == 0 || (oper == VIS_CGROUP_EVERYONCE && lowest)) out.push_back({id, no});
+        }
+    }
+    return out;
+}
+
+std::vector<std::array<int, 2>> Flags(vis_Group* g)
+{
+    std::vector<std::array<int, 2>> out;
+    for (int id = 1; id <= g->nument; ++id)
+        for (int no = 1; no <= 8; ++no) {
+            int flag = 0;
+            vis_GroupGetEntFlag(g, id, no, &flag);
+            if (flag) out.push_back({id, no});
+        }
+    return out;
+}
+
+TEST_F(FaceGroupTest, FreeFacesAgreeWithTheRowRuleOnAMixedMesh)
+{
+    // The mixed mesh of the connectivity suites: solids of four shapes, a quadratic tet, shells
+    // on solid faces, a line, a point, a polygon and a polyhedron. Free faces and every face
+    // once must match the rule read from the node rows, for the whole mesh and for a source
+    // that leaves out the wedge and the quadrilateral.
+    meshtest::Build(c);
+    vis_ConnectKernel(c);
+    vis_Group* some = elems();
+    for (int id : {1, 3, 4, 6, 8, 9, 10}) vis_GroupSetIndex(some, id, 1);
+    for (vis_Group* source : {static_cast<vis_Group*>(nullptr), some})
+        for (int oper : {VIS_CGROUP_FREE, VIS_CGROUP_EVERYONCE}) {
+            vis_Group* f = faces();
+            vis_ConnectFaceGroup(c, oper, source, f);
+            EXPECT_EQ(Flags(f), ReferenceFaces(c, oper, source)) << "oper " << oper;
+        }
+    // By hand for the hexahedron E1 (nodes 1 to 8): its face z = 0 (1 2 3 4) is the pyramid's
+    // base, x = 1 (2 3 7 6) a face of the wedge, y = 0 (1 2 6 5) the quadrilateral E5, and
+    // x = 0 (1 4 8 5) lies in the polygon E9, whose list names all four corners. z = 1
+    // (5 6 7 8) and y = 1 (3 4 8 7) have no other element at all their corners (the tet holds
+    // 5 6 8 without 7, the polygon 4 8 without 3 and 7): 2 free faces.
+    vis_Group* f = faces();
+    vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, f);
+    int n = 0, last = 0;
+    vis_GroupNumEntFlag(f, 1, &n, &last);
+    EXPECT_EQ(n, 2);
+}
+
+TEST_F(FaceGroupTest, FreeFacesAgreeWithTheRowRuleOnBlocksOfSolids)
+{
+    // A block of 4 x 3 x 2 hexahedra, whole and with every third element left out of the
+    // source (so that faces between a member and a non-member become free).
+    Block(c, 4, 3, 2);
+    vis_Group* src = elems();
+    for (int id = 1; id <= c->numelem; ++id) vis_GroupSetIndex(src, id, id % 3 != 0);
+    for (vis_Group* source : {static_cast<vis_Group*>(nullptr), src})
+        for (int oper : {VIS_CGROUP_FREE, VIS_CGROUP_EVERYONCE}) {
+            vis_Group* f = faces();
+            vis_ConnectFaceGroup(c, oper, source, f);
+            EXPECT_EQ(Flags(f), ReferenceFaces(c, oper, source)) << "oper " << oper;
+        }
 }
 
 }  // namespace
