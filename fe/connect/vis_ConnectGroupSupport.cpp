@@ -103,6 +103,11 @@ void vis_Connect_GroupWorkFree(vis_ConnectGroupWork* w)
 void vis_Connect_GroupAdj(vis_Connect* c, vis_Group* source, int enttype, int id, int no, int* num,
                           vis_ConnectGroupWork* w)
 {
+    if (!c->gridfun) {
+        vis_Connect_ElemAdjIn(c, source, enttype, id, no, num, w->elems);
+        return;
+    }
+    /* A front answers adjacency by its slot: its list is filtered here. */
     int n = 0;
     vis_ConnectElemAdj(c, enttype, id, no, &n, w->elems);
     int kept = 0;

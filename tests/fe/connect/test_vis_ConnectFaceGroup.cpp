@@ -663,3 +663,34 @@ TEST_F(FaceGroupTest, FreeFacesAgreeWithTheRowRuleOnBlocksOfSolids)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(FaceGroupTest, KernelMatchesHonourAGroup)
+{
+    // A row of three hexahedra; the plane x = 1 between elements 1 and 2 has the nodes
+    // (1, j, k) for j, k in {0, 1}. Its face is held by 1 and 2; with a group of {1, 3} no
+    // other element of the group holds it, with {2} element 2 does. The edge on that plane at
+    // k = 0 is held by 1 and 2 as well.
+    Block(c, 3, 1, 1);
+    const int corners[4] = {BlockNode(3, 1, 1, 0, 0), BlockNode(3, 1, 1, 1, 0), BlockNode(3, 1, 1, 1, 1),
+                            BlockNode(3, 1, 1, 0, 1)};
+    vis_Group* odd = elems();
+    vis_GroupSetIndex(odd, 1, 1);
+    vis_GroupSetIndex(odd, 3, 1);
+    vis_Group* two = elems();
+    vis_GroupSetIndex(two, 2, 1);
+    int num = -1, found[8];
+    vis_Connect_FaceElems(c, odd, 1, SYS_SHAPE_QUAD, 4, corners, &num, found);
+    EXPECT_EQ(num, 0);
+    vis_Connect_FaceElems(c, two, 1, SYS_SHAPE_QUAD, 4, corners, &num, found);
+    ASSERT_EQ(num, 1);
+    EXPECT_EQ(found[0], 2);
+    vis_Connect_EdgeElems(c, odd, 1, corners, &num, found);
+    EXPECT_EQ(num, 0);
+    vis_Connect_EdgeElems(c, nullptr, 1, corners, &num, found);
+    ASSERT_EQ(num, 1);
+    EXPECT_EQ(found[0], 2);
+}
+
+}  // namespace
