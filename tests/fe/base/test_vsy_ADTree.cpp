@@ -47,6 +47,16 @@ protected:
         }
         return keys;
     }
+    // Five boxes in the tree box [0, 8]^3, placed as the comments say.
+    void fiveBoxes()
+    {
+        vsy_ADTreeDef(tree, VSY_ADTREE_EXTENT, 4, kZero, kEight);
+        box(1, 1, 1, 1, 2, 2, 2);  // root
+        box(2, 5, 1, 1, 6, 2, 2);  // x 5: 4 > 5 is false: right of the root
+        box(3, 3, 1, 1, 6, 2, 2);  // x 3 < 4: left of the root
+        box(4, 6, 1, 1, 7, 2, 2);  // right of the root, then y 1 < 4: left of item 2
+        box(5, 4, 5, 1, 7, 2, 2);  // x 4 equals the middle: right; y 5 >= 4: right of item 2
+    }
     int index(int key)
     {
         int i = 0;
@@ -174,12 +184,7 @@ TEST_F(ADTreeTest, ItemsGoLeftBelowTheMiddleAndRightFromIt)
 {
     // Tree box [0, 8]^3. Level 0 splits x at (0 + 8) / 2 = 4; level 1 splits the minimum y of
     // the cell, (0 + 8) / 2 = 4 again.
-    vsy_ADTreeDef(tree, VSY_ADTREE_EXTENT, 4, kZero, kEight);
-    box(1, 1, 1, 1, 2, 2, 2);  // root
-    box(2, 5, 1, 1, 6, 2, 2);  // x 5: 4 > 5 is false: right of the root
-    box(3, 3, 1, 1, 6, 2, 2);  // x 3 < 4: left of the root
-    box(4, 6, 1, 1, 7, 2, 2);  // right of the root, then y 1 < 4: left of item 2
-    box(5, 4, 5, 1, 7, 2, 2);  // x 4 equals the middle: right; y 5 >= 4: right of item 2
+    fiveBoxes();
     ExpectNoReport();
     EXPECT_EQ(node(1).right, index(2));
     EXPECT_EQ(node(1).left, index(3));
@@ -196,12 +201,7 @@ TEST_F(ADTreeTest, HitsComeInPreOrderLeftBeforeRight)
 {
     // The tree of the test above: root 1, left 3, right 2 with left 4 and right 5. A query of
     // the whole box finds everything, in the order 1, 3, 2, 4, 5.
-    vsy_ADTreeDef(tree, VSY_ADTREE_EXTENT, 4, kZero, kEight);
-    box(1, 1, 1, 1, 2, 2, 2);
-    box(2, 5, 1, 1, 6, 2, 2);
-    box(3, 3, 1, 1, 6, 2, 2);
-    box(4, 6, 1, 1, 7, 2, 2);
-    box(5, 4, 5, 1, 7, 2, 2);
+    fiveBoxes();
     EXPECT_EQ(search(kZero, kEight), (std::vector<int>{1, 3, 2, 4, 5}));
     EXPECT_EQ(tree->visited, 5);
 }
@@ -211,12 +211,7 @@ TEST_F(ADTreeTest, AQueryPrunesCellsItCannotMeet)
     // Same tree. The query box x in [0.5, 2.5] meets item 1 only (item 3 starts at x 3). Its
     // maximum x 2.5 + tol stays below the root's middle 4, so the right subtree (items 2, 4,
     // 5, whose minimum x is at least 4) is never entered: visited are the root and item 3.
-    vsy_ADTreeDef(tree, VSY_ADTREE_EXTENT, 4, kZero, kEight);
-    box(1, 1, 1, 1, 2, 2, 2);
-    box(2, 5, 1, 1, 6, 2, 2);
-    box(3, 3, 1, 1, 6, 2, 2);
-    box(4, 6, 1, 1, 7, 2, 2);
-    box(5, 4, 5, 1, 7, 2, 2);
+    fiveBoxes();
     const double min[3] = {0.5, 0.5, 0.5};
     const double max[3] = {2.5, 2.5, 2.5};
     EXPECT_EQ(search(min, max), (std::vector<int>{1}));

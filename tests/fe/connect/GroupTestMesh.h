@@ -7,8 +7,11 @@
 #include "vis_ConnectGroup.h"
 #include "vis_ConnectKernel.h"
 #include "vis_Group.h"
+#include "vsy_TestSupport.h"
 
+#include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <cstddef>
 #include <vector>
 
@@ -103,6 +106,53 @@ inline std::vector<std::array<double, 3>> EntityCoords(vis_Connect* c, int entty
     for (int k = 0; k < n; ++k) vis_ConnectCoordsdv(c, 1, &nodes[k], out[static_cast<std::size_t>(k)].data());
     return out;
 }
+
+// The lattice points (i, j, k) of a block of nx by ny cubes with every coordinate in `values`,
+// as node ids in ascending order.
+inline std::vector<int> LatticeNodes(int nx, int ny, std::initializer_list<int> values)
+{
+    std::vector<int> out;
+    for (int k : values)
+        for (int j : values)
+            for (int i : values) out.push_back(BlockNode(nx, ny, i, j, k));
+    std::sort(out.begin(), out.end());
+    return out;
+}
+
+// Fixture of the group suites: a connect, the groups a test makes (released after it), and
+// the recording report handler of the container suites.
+class GroupFixture : public vsytest::ContainerTest {
+protected:
+    void SetUp() override
+    {
+        ContainerTest::SetUp();
+        c = vis_ConnectNew();
+        ASSERT_NE(c, nullptr);
+    }
+    void TearDown() override
+    {
+        for (vis_Group* g : groups) vis_GroupDelete(g);
+        vis_ConnectDelete(c);
+        ContainerTest::TearDown();
+    }
+    vis_Group* keep(vis_Group* g)
+    {
+        groups.push_back(g);
+        return g;
+    }
+    int numnode()
+    {
+        int n = 0;
+        vis_ConnectGetInteger(c, VIS_CONNECT_NUMNODE, &n);
+        return n;
+    }
+    vis_Group* faces() { return keep(NewGroup(c->numelem, SYS_ELEM, SYS_FACE)); }
+    vis_Group* edges() { return keep(NewGroup(c->numelem, SYS_ELEM, SYS_EDGE)); }
+    vis_Group* elems() { return keep(NewGroup(c->numelem, SYS_ELEM, 0)); }
+    vis_Group* nodes() { return keep(NewGroup(numnode(), SYS_NODE, 0)); }
+    vis_Connect* c = nullptr;
+    std::vector<vis_Group*> groups;
+};
 
 }  // namespace grouptest
 

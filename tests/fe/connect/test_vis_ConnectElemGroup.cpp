@@ -19,33 +19,8 @@ using namespace grouptest;
 
 namespace {
 
-class ElemGroupTest : public ContainerTest {
+class ElemGroupTest : public GroupFixture {
 protected:
-    void SetUp() override
-    {
-        ContainerTest::SetUp();
-        c = vis_ConnectNew();
-        ASSERT_NE(c, nullptr);
-    }
-    void TearDown() override
-    {
-        for (vis_Group* g : groups) vis_GroupDelete(g);
-        vis_ConnectDelete(c);
-        ContainerTest::TearDown();
-    }
-    vis_Group* keep(vis_Group* g)
-    {
-        groups.push_back(g);
-        return g;
-    }
-    vis_Group* elems() { return keep(NewGroup(c->numelem, SYS_ELEM, 0)); }
-    int numnode()
-    {
-        int n = 0;
-        vis_ConnectGetInteger(c, VIS_CONNECT_NUMNODE, &n);
-        return n;
-    }
-    vis_Group* nodes() { return keep(NewGroup(numnode(), SYS_NODE, 0)); }
     std::vector<int> elemOper(int oper, vis_Group* source = nullptr)
     {
         vis_Group* g = elems();
@@ -63,8 +38,6 @@ protected:
         meshtest::Build(c);
         vis_ConnectKernel(c);
     }
-    vis_Connect* c = nullptr;
-    std::vector<vis_Group*> groups;
 };
 
 TEST_F(ElemGroupTest, ShapeDimensionStrideAndBox)
@@ -276,20 +249,11 @@ TEST_F(ElemGroupTest, NodesOfTheCube)
     vis_Group* features = keep(NewGroup(8, SYS_ELEM, SYS_EDGE));
     vis_ConnectSetGroupParamf(c, VIS_CGROUP_ANGLE, 45.0f);
     vis_ConnectEdgeGroup(c, VIS_CGROUP_FEATURE, free, features);
-    std::vector<int> corners;
-    for (int k : {0, 2})
-        for (int j : {0, 2})
-            for (int i : {0, 2}) corners.push_back(BlockNode(2, 2, i, j, k));
-    std::sort(corners.begin(), corners.end());
-    EXPECT_EQ(nodeOper(VIS_CGROUP_FEATURE, features), corners);
+    EXPECT_EQ(nodeOper(VIS_CGROUP_FEATURE, features), LatticeNodes(2, 2, {0, 2}));
     // The corners of element 1: its 8 nodes, the lattice points with coordinates 0 or 1.
     vis_Group* one = elems();
     vis_GroupSetIndex(one, 1, 1);
-    std::vector<int> first;
-    for (int k : {0, 1})
-        for (int j : {0, 1})
-            for (int i : {0, 1}) first.push_back(BlockNode(2, 2, i, j, k));
-    std::sort(first.begin(), first.end());
+    const std::vector<int> first = LatticeNodes(2, 2, {0, 1});
     EXPECT_EQ(nodeOper(VIS_CGROUP_CORNER, one), first);
     // The box [0, 1]^3 holds the same 8 nodes; odd ids of 27 are 14.
     const float box[6] = {0, 0, 0, 1, 1, 1};

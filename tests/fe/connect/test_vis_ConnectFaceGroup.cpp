@@ -17,28 +17,8 @@ using namespace grouptest;
 
 namespace {
 
-class FaceGroupTest : public ContainerTest {
+class FaceGroupTest : public GroupFixture {
 protected:
-    void SetUp() override
-    {
-        ContainerTest::SetUp();
-        c = vis_ConnectNew();
-        ASSERT_NE(c, nullptr);
-    }
-    void TearDown() override
-    {
-        for (vis_Group* g : groups) vis_GroupDelete(g);
-        vis_ConnectDelete(c);
-        ContainerTest::TearDown();
-    }
-    vis_Group* faces() { return keep(NewGroup(c->numelem, SYS_ELEM, SYS_FACE)); }
-    vis_Group* edges() { return keep(NewGroup(c->numelem, SYS_ELEM, SYS_EDGE)); }
-    vis_Group* elems() { return keep(NewGroup(c->numelem, SYS_ELEM, 0)); }
-    vis_Group* keep(vis_Group* g)
-    {
-        groups.push_back(g);
-        return g;
-    }
     // The free faces of the whole mesh.
     vis_Group* freeFaces()
     {
@@ -54,8 +34,36 @@ protected:
         vis_ConnectEdgeGroup(c, VIS_CGROUP_FEATURE, free, e);
         return e;
     }
-    vis_Connect* c = nullptr;
-    std::vector<vis_Group*> groups;
+    // The faces of every shell element (oper 2).
+    vis_Group* wholeFaces()
+    {
+        vis_Group* f = faces();
+        vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, f);
+        return f;
+    }
+    // The number of entities an operation selects into a new face or edge group.
+    int faceOper(int oper, vis_Group* source)
+    {
+        vis_Group* f = faces();
+        vis_ConnectFaceGroup(c, oper, source, f);
+        return FlagCount(f);
+    }
+    int edgeOper(int oper, vis_Group* source)
+    {
+        vis_Group* e = edges();
+        vis_ConnectEdgeGroup(c, oper, source, e);
+        return FlagCount(e);
+    }
+    // The silhouette edges, seen along z, of the two quadrilaterals 1 2 3 4 and 2 5 6 3 over
+    // the nodes x.
+    int silhouette(const std::vector<std::array<double, 3>>& x)
+    {
+        Shell(c, x, {{1, 2, 3, 4}, {2, 5, 6, 3}});
+        vis_Group* all = wholeFaces();
+        const float view[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};  // elements 2, 6, 10: (0, 0, 1)
+        vis_ConnectSetGroupParamfv(c, VIS_CGROUP_VIEW, view);
+        return edgeOper(VIS_CGROUP_SILHOUETTE, all);
+    }
 };
 
 TEST_F(FaceGroupTest, CubeOfEightHexahedraHas24FreeFaces)
@@ -79,9 +87,7 @@ TEST_F(FaceGroupTest, EveryFaceOnceCountsSharedFacesOnce)
     // 8 * 6 = 48 element faces; the three inner planes hold 4 shared faces each, 12 faces
     // counted twice: 48 - 12 = 36.
     Block(c, 2, 2, 2);
-    vis_Group* f = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_EVERYONCE, nullptr, f);
-    EXPECT_EQ(FlagCount(f), 36);
+    EXPECT_EQ(faceOper(VIS_CGROUP_EVERYONCE, nullptr), 36);
 }
 
 TEST_F(FaceGroupTest, TwoHexahedraSharingAFace)
@@ -91,9 +97,7 @@ TEST_F(FaceGroupTest, TwoHexahedraSharingAFace)
     vis_Group* every = faces();
     vis_ConnectFaceGroup(c, VIS_CGROUP_EVERYONCE, nullptr, every);
     EXPECT_EQ(FlagCount(every), 11);
-    vis_Group* free = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, free);
-    EXPECT_EQ(FlagCount(free), 10);
+    EXPECT_EQ(faceOper(VIS_CGROUP_FREE, nullptr), 10);
     // The shared face is taken on element 1, the lower id: element 1 keeps 6 faces, 2 has 5.
     int n = 0, last = 0;
     vis_GroupNumEntFlag(every, 1, &n, &last);
@@ -180,8 +184,7 @@ TEST_F(FaceGroupTest, FeatureEdgesOfAFlatPlateAreItsBorder)
     // 3 x 2 quadrilaterals in the plane z = 0: all normals equal, so only the border is taken
     // (edges of one face): 2 * (3 + 2) = 10 element edges.
     Plate(c);
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_Group* all = wholeFaces();
     EXPECT_EQ(FlagCount(all), 6);  // oper 2: every shell element's one face
     vis_Group* e = featureEdges(all);
     EXPECT_EQ(FlagCount(e), 10);
@@ -196,8 +199,7 @@ TEST_F(FaceGroupTest, NonManifoldEdgesAreFeaturesWhenAsked)
                                            {1, 2, 0}, {0, 2, 0}};
     // Faces: 1 2 3 4 (y > 0), 2 1 6 5 (y < 0), and 1 2 7 8 folded back onto y > 0.
     Shell(c, x, {{1, 2, 3, 4}, {2, 1, 6, 5}, {1, 2, 7, 8}});
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_Group* all = wholeFaces();
     // The edge 1-2 is held by 3 faces: not a border. Its 3 normals are parallel: no feature.
     // Border edges: 3 per quad = 9.
     vis_Group* e = featureEdges(all);
@@ -273,9 +275,7 @@ TEST_F(FaceGroupTest, RegionWithAnEmptySeedGroupTakesAllConnectedFaces)
     vis_Group* free = freeFaces();
     vis_ConnectSetGroupObject(c, SYS_GROUP, edges());
     vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDNODE, 1);
-    vis_Group* region = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_REGION, free, region);
-    EXPECT_EQ(FlagCount(region), 24);
+    EXPECT_EQ(faceOper(VIS_CGROUP_REGION, free), 24);
 }
 
 TEST_F(FaceGroupTest, RegionSeedErrorsLeaveTheDestinationAlone)
@@ -319,10 +319,8 @@ TEST_F(FaceGroupTest, EdgeRegionStopsAtCorners)
     // corners, which stop the growth: 2 edges.
     Block(c, 2, 2, 2);
     vis_Group* features = featureEdges(freeFaces());
-    vis_Group* corners = keep(NewGroup(27, SYS_NODE, 0));
-    for (int k : {0, 2})
-        for (int j : {0, 2})
-            for (int i : {0, 2}) vis_GroupSetIndex(corners, BlockNode(2, 2, i, j, k), 1);
+    vis_Group* corners = nodes();
+    for (int n : LatticeNodes(2, 2, {0, 2})) vis_GroupSetIndex(corners, n, 1);
     vis_ConnectSetGroupObject(c, SYS_GROUP, corners);
     vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDNODE, BlockNode(2, 2, 1, 0, 0));
     vis_Group* region = edges();
@@ -338,9 +336,7 @@ TEST_F(FaceGroupTest, EdgeRegionStopsAtCorners)
         for (int j = 0; j <= 1; ++j)
             for (int i = 0; i <= 1; ++i) vis_GroupSetEntFlag(stops, 1 + i + 2 * j + 4 * k, 1 + 4 * k + corner[i][j], 1);
     vis_ConnectSetGroupObject(c, SYS_GROUP, stops);
-    vis_Group* again = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_REGION, features, again);
-    EXPECT_EQ(FlagCount(again), 2);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_REGION, features), 2);
     // With no stop, the connected network of all 24 feature edges.
     vis_ConnectSetGroupObject(c, SYS_GROUP, keep(NewGroup(27, SYS_NODE, 0)));
     vis_Group* all = edges();
@@ -370,9 +366,7 @@ TEST_F(FaceGroupTest, AttributeInterfaceBetweenTwoTouchingBlocks)
     // With count 1 the faces held by one element join: 3 * 6 - 2 * 2 = 14 free faces, and the
     // interface: 15.
     vis_ConnectSetGroupParami(c, VIS_CGROUP_COUNT, 1);
-    vis_Group* g = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_INTERFACE, nullptr, g);
-    EXPECT_EQ(FlagCount(g), 15);
+    EXPECT_EQ(faceOper(VIS_CGROUP_INTERFACE, nullptr), 15);
 }
 
 TEST_F(FaceGroupTest, SharedCountAndFaceAttributes)
@@ -380,13 +374,9 @@ TEST_F(FaceGroupTest, SharedCountAndFaceAttributes)
     Block(c, 3, 1, 1);
     // count 2: the two inner faces, once each; count 0: every face of every element, 18.
     vis_ConnectSetGroupParami(c, VIS_CGROUP_COUNT, 2);
-    vis_Group* f = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_SHARED, nullptr, f);
-    EXPECT_EQ(FlagCount(f), 2);
+    EXPECT_EQ(faceOper(VIS_CGROUP_SHARED, nullptr), 2);
     vis_ConnectSetGroupParami(c, VIS_CGROUP_COUNT, 0);
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_SHARED, nullptr, all);
-    EXPECT_EQ(FlagCount(all), 18);
+    EXPECT_EQ(faceOper(VIS_CGROUP_SHARED, nullptr), 18);
     // Values on faces: face 2 of element 3 carries 7, face 4 of element 1 carries 5.
     vis_ConnectSetElemEntAssoc(c, 3, SYS_FACE, 3, 2, 7);
     vis_ConnectSetElemEntAssoc(c, 3, SYS_FACE, 1, 4, 5);
@@ -398,9 +388,7 @@ TEST_F(FaceGroupTest, SharedCountAndFaceAttributes)
     int flag = 0;
     vis_GroupGetEntFlag(a, 3, 2, &flag);
     EXPECT_EQ(flag, 1);
-    vis_Group* any = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_ASSOCANY, nullptr, any);
-    EXPECT_EQ(FlagCount(any), 2);
+    EXPECT_EQ(faceOper(VIS_CGROUP_ASSOCANY, nullptr), 2);
 }
 
 TEST_F(FaceGroupTest, FacesWithAllOrCountNodesInANodeGroup)
@@ -412,9 +400,7 @@ TEST_F(FaceGroupTest, FacesWithAllOrCountNodesInANodeGroup)
     vis_Group* nodes = keep(NewGroup(12, SYS_NODE, 0));
     for (int j = 0; j <= 1; ++j)
         for (int k = 0; k <= 1; ++k) vis_GroupSetIndex(nodes, BlockNode(2, 1, 0, j, k), 1);
-    vis_Group* f = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_ALLNODES, nodes, f);
-    EXPECT_EQ(FlagCount(f), 1);
+    EXPECT_EQ(faceOper(VIS_CGROUP_ALLNODES, nodes), 1);
     vis_ConnectSetGroupParami(c, VIS_CGROUP_COUNT, 2);
     vis_Group* g = faces();
     vis_ConnectFaceGroup(c, VIS_CGROUP_COUNTNODES, nodes, g);
@@ -428,30 +414,14 @@ TEST_F(FaceGroupTest, SilhouetteOfAFold)
     // (2 5 6 3) folds under it: 5 = (0,0,-.5), 6 = (0,1,-.5); (6 - 2) x (3 - 5) = (-1,1,-.5) x
     // (1,1,.5) = (1, 0, -2). Seen along w = (0, 0, 1): d1 = 2 > 0, d2 = -2, d1 d2 <= 0: the
     // shared edge 2-3 is a silhouette. With the 6 border edges (always taken): 7.
-    std::vector<std::array<double, 3>> x = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, -.5}, {0, 1, -.5}};
-    Shell(c, x, {{1, 2, 3, 4}, {2, 5, 6, 3}});
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
-    float view[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};  // elements 2, 6, 10: (0, 0, 1)
-    vis_ConnectSetGroupParamfv(c, VIS_CGROUP_VIEW, view);
-    vis_Group* e = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_SILHOUETTE, all, e);
-    EXPECT_EQ(FlagCount(e), 7);
+    EXPECT_EQ(silhouette({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, -.5}, {0, 1, -.5}}), 7);
 }
 
 TEST_F(FaceGroupTest, NoSilhouetteOnAFlatPair)
 {
     // B (2 5 6 3) continues A in z = 0: (6 - 2) x (3 - 5) = (1,1,0) x (-1,1,0) = (0,0,2); both
     // face the view: only the 6 border edges.
-    std::vector<std::array<double, 3>> x = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {2, 0, 0}, {2, 1, 0}};
-    Shell(c, x, {{1, 2, 3, 4}, {2, 5, 6, 3}});
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
-    float view[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-    vis_ConnectSetGroupParamfv(c, VIS_CGROUP_VIEW, view);
-    vis_Group* e = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_SILHOUETTE, all, e);
-    EXPECT_EQ(FlagCount(e), 6);
+    EXPECT_EQ(silhouette({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {2, 0, 0}, {2, 1, 0}}), 6);
 }
 
 TEST_F(FaceGroupTest, CreasesOfAFlatPlate)
@@ -462,16 +432,11 @@ TEST_F(FaceGroupTest, CreasesOfAFlatPlate)
     // (0 < 0 is false) and step 7 finds hi 0 >= 5 * lo 0: every one of the 7 inner edges is a
     // crease too, 17.
     Plate(c);
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_Group* all = wholeFaces();
     vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.1f);
-    vis_Group* e = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e);
-    EXPECT_EQ(FlagCount(e), 10);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_CREASE, all), 10);
     vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.0f);
-    vis_Group* e0 = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e0);
-    EXPECT_EQ(FlagCount(e0), 17);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_CREASE, all), 17);
 }
 
 TEST_F(FaceGroupTest, CreaseWhereAPlaneMeetsACylinderTangentially)
@@ -498,16 +463,11 @@ TEST_F(FaceGroupTest, CreaseWhereAPlaneMeetsACylinderTangentially)
     vis_ConnectSetTopology(c, 2, SYS_SHAPE_QUAD, 3, 0, 0);
     vis_ConnectSetElemNode(c, 2, curved);
     vis_ConnectKernel(c);
-    vis_Group* all = faces();
-    vis_ConnectFaceGroup(c, VIS_CGROUP_WHOLE, nullptr, all);
+    vis_Group* all = wholeFaces();
     vis_ConnectSetGroupParamf(c, VIS_CGROUP_CURVETOL, 0.1f);
-    vis_Group* e = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e);
-    EXPECT_EQ(FlagCount(e), 6);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_CREASE, all), 6);
     vis_ConnectSetGroupParami(c, VIS_CGROUP_CURVEFLAG, 1);
-    vis_Group* e1 = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_CREASE, all, e1);
-    EXPECT_EQ(FlagCount(e1), 7);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_CREASE, all), 7);
     ExpectNoReport();
 }
 
@@ -522,9 +482,7 @@ TEST_F(FaceGroupTest, EdgeOperations)
     vis_ConnectEdgeGroup(c, VIS_CGROUP_EVERYONCE, nullptr, once);
     EXPECT_EQ(FlagCount(once), 24 - 4);
     // Oper 27: held by a number of other elements other than 1: the 16 free edges, once.
-    vis_Group* notone = edges();
-    vis_ConnectEdgeGroup(c, VIS_CGROUP_NOTONE, nullptr, notone);
-    EXPECT_EQ(FlagCount(notone), 16);
+    EXPECT_EQ(edgeOper(VIS_CGROUP_NOTONE, nullptr), 16);
 }
 
 TEST_F(FaceGroupTest, FrameChecks)
