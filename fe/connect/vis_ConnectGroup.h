@@ -17,7 +17,9 @@
  * the other EdgeGroup opers (the face-source opers 3, 8 and 18 need the face group); any of an
  * element, element-face, element-edge or node group for NodeGroup; otherwise an element group
  * of numelem entries. FaceGroup, EdgeGroup and NodeGroup opers 1, 2 and 13 need the kernel:
- * without it error 8 "ConnectKernel not called".
+ * without it error 8 "ConnectKernel not called"; so, in this implementation, do ElemGroup oper
+ * 17 and NodeGroup oper 3, which walk adjacency too. Sampling without a cell size above 0 is
+ * error 8 "Cell size not set" (an addition: the grid would have no cells).
  *
  * Adjacency. Elements outside an element source are skipped, and do not count as neighbours
  * either: a face is free when no other element of the source holds it. An entity shared by
@@ -63,7 +65,7 @@
 #define VIS_CGROUP_VIEW 3
 #define VIS_CGROUP_BOX 7
 /* Object type of vis_ConnectSetGroupObject: the seed group. */
-#define SYS_GROUP 2030
+#define SYS_GROUP 2030 /* this implementation's code: the vocabulary has none for a vis_Group */
 
 /* Operation codes. */
 #define VIS_CGROUP_EVERYONCE 0   /* faces, edges: every entity once; nodes: on the source */

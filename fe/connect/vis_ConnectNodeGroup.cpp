@@ -6,7 +6,10 @@
  * faces or edges. Without a source every node is marked for the filtering operations and the
  * nodes of every element for the operations on the source's entities. The counts of opers 1 and
  * 13 are the number of selected entities (elements without a source or with an element or node
- * source) that hold the node. Node attribute 0, where it exists, masks every operation.
+ * source) that hold the node. Opers 2 and 28 with a node source look at every element and keep
+ * the members of the source. The corner test (oper 3) needs the kernel as well, and takes the
+ * tangent of an edge of more than three nodes along its chord to the next node. Node attribute
+ * 0, where it exists, masks every operation.
  */
 #include "vis_ConnectGroupInternal.h"
 
@@ -122,7 +125,17 @@ static int vis_Connect_NodeTest(vis_Connect* c, int oper, vis_ConnectNodeScan* s
     }
 }
 
-/* Marks the corners of the selected entities (28), or the nodes of the point elements (2). */
+/* Selects a node found by opers 2 and 28: a valid id that passes the mask and, with a node
+ * source, is a member of it. */
+static void vis_Connect_NodeTake(vis_Connect* c, const vis_ConnectNodeScan* s, vis_Group* dest, int node)
+{
+    if (node < 1 || node > s->numnode || !vis_Connect_GroupNodeMask(c, node)) return;
+    if (s->kind == VIS_CGK_NODE && !s->mark[node]) return;
+    vis_GroupSetIndex(dest, node, 1);
+}
+
+/* Marks the corners of the selected entities (28), or the nodes of the point elements (2); a
+ * node source keeps only its members. */
 static void vis_Connect_NodeCorners(vis_Connect* c, int oper, vis_ConnectNodeScan* s, vis_Group* source, vis_Group* dest)
 {
     int ent = vis_Connect_SourceEnt(s->kind);
@@ -144,15 +157,12 @@ static void vis_Connect_NodeCorners(vis_Connect* c, int oper, vis_ConnectNodeSca
                 for (int p = 0; p < n; ++p) {
                     int node = 0;
                     vis_ConnectIndElemNode(c, id, pos[p] - 1, &node);
-                    if (node >= 1 && node <= s->numnode && vis_Connect_GroupNodeMask(c, node)) vis_GroupSetIndex(dest, node, 1);
+                    vis_Connect_NodeTake(c, s, dest, node);
                 }
             }
             continue;
         }
-        for (int p = 0; p < n; ++p) {
-            int node = s->w.nodes[p];
-            if (node >= 1 && node <= s->numnode && vis_Connect_GroupNodeMask(c, node)) vis_GroupSetIndex(dest, node, 1);
-        }
+        for (int p = 0; p < n; ++p) vis_Connect_NodeTake(c, s, dest, s->w.nodes[p]);
     }
 }
 

@@ -25,9 +25,10 @@ inline int BlockNode(int nx, int ny, int i, int j, int k)
 
 // A block of nx * ny * nz unit hexahedra, element (i, j, k) numbered i + nx * (j + ny * k) + 1,
 // each listing its bottom corners counter-clockwise seen from above, then its top ones; the
-// kernel is built.
-inline void Block(vis_Connect* c, int nx, int ny, int nz)
+// kernel is built (mode 1: the connect is dynamic and needs none).
+inline void Block(vis_Connect* c, int nx, int ny, int nz, int mode = 0)
 {
+    vis_ConnectMode(c, mode);
     int numnode = (nx + 1) * (ny + 1) * (nz + 1);
     vis_ConnectDef(c, numnode, nx * ny * nz);
     for (int k = 0; k <= nz; ++k)

@@ -289,6 +289,13 @@ TEST_F(ElemGroupTest, PointElementsOfTheSource)
     vis_Group* src = elems();
     vis_GroupSetIndex(src, 1, 1);
     EXPECT_TRUE(nodeOper(VIS_CGROUP_WHOLE, src).empty());
+    // A node source keeps its members: node 12 in it, then not.
+    vis_Group* twelve = nodes();
+    vis_GroupSetIndex(twelve, 12, 1);
+    EXPECT_EQ(nodeOper(VIS_CGROUP_WHOLE, twelve), (std::vector<int>{12}));
+    vis_Group* one = nodes();
+    vis_GroupSetIndex(one, 1, 1);
+    EXPECT_TRUE(nodeOper(VIS_CGROUP_WHOLE, one).empty());
 }
 
 TEST_F(ElemGroupTest, ExtentOfANodeGroup)

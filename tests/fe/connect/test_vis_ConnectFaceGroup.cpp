@@ -652,3 +652,25 @@ TEST_F(FaceGroupTest, KernelMatchesHonourAGroup)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(FaceGroupTest, DynamicModeGivesTheSameFacesAsStaticMode)
+{
+    // A block of 3 x 2 x 2 hexahedra built in dynamic mode (node lists kept current, the
+    // general path of the matches) against the rule read from the rows, as in static mode:
+    // 32 free faces (2 (3 * 2 + 2 * 2 + 3 * 2)), and 12 * 6 - 20 shared = 52 faces once (the
+    // inner faces: 2 * 2 * 2 across x, 3 * 1 * 2 across y, 3 * 2 * 1 across z, 8 + 6 + 6 = 20).
+    Block(c, 3, 2, 2, 1);
+    EXPECT_EQ(faceOper(VIS_CGROUP_FREE, nullptr), 32);
+    EXPECT_EQ(faceOper(VIS_CGROUP_EVERYONCE, nullptr), 52);
+    for (int oper : {VIS_CGROUP_FREE, VIS_CGROUP_EVERYONCE}) {
+        vis_Group* f = faces();
+        vis_ConnectFaceGroup(c, oper, nullptr, f);
+        EXPECT_EQ(Flags(f), ReferenceFaces(c, oper, nullptr)) << "oper " << oper;
+        EXPECT_GT(FlagCount(f), 0);
+    }
+    ExpectNoReport();
+}
+
+}  // namespace
