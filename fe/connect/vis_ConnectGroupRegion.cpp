@@ -28,6 +28,7 @@ typedef struct vis_ConnectRegion {
     vsy_IntVec* elem; /* stack: element */
     vsy_IntVec* face; /* stack: face or edge number */
     int top;
+    int failed;       /* non-zero once the stack could not grow */
 } vis_ConnectRegion;
 
 /* Marks a face in both groups and pushes it. */
@@ -35,9 +36,12 @@ static void vis_Connect_RegionPush(vis_ConnectRegion* r, vis_Group* dest, int id
 {
     vis_GroupSetEntFlag(r->mark, id, no, 1);
     vis_GroupSetEntFlag(dest, id, no, 1);
+    if (r->failed) return;
     vsy_IntVecSet(r->elem, r->top, id);
     vsy_IntVecSet(r->face, r->top, no);
-    ++r->top;
+    /* A stack that cannot grow ends the walk; its own report has been made. */
+    r->failed = vsy_IntVecError(r->elem) | vsy_IntVecError(r->face);
+    if (!r->failed) ++r->top;
 }
 
 /* The seed checks; 0 after a report. */
@@ -183,18 +187,19 @@ void vis_Connect_GroupRegion(vis_Connect* c, int enttype, vis_Group* source, vis
     r.name = enttype == SYS_FACE ? "vis_ConnectFaceGroup" : "vis_ConnectEdgeGroup";
     if (!vis_Connect_RegionSeedOk(c, &r, source)) return;
     r.top = 0;
+    r.failed = 0;
     r.mark = vis_GroupNew();
     r.elem = vsy_IntVecNew();
     r.face = vsy_IntVecNew();
     int ok = vis_Connect_GroupWorkAlloc(c, r.name, &r.w);
-    if (ok && r.mark && r.elem && r.face) {
-        vis_GroupDef(r.mark, c->numelem, SYS_ELEM, enttype);
+    if (r.mark) vis_GroupDef(r.mark, c->numelem, SYS_ELEM, enttype);
+    if (ok && r.mark && r.elem && r.face && !vis_Connect_Poll(c, vis_GroupError(r.mark))) {
         vsy_IntVecSetParami(r.elem, VSY_INTVEC_INDEXZERO, 1);
         vsy_IntVecSetParami(r.face, VSY_INTVEC_INDEXZERO, 1);
         vis_Connect_RegionSeed(c, &r, source, dest);
-        while (r.top > 0) vis_Connect_RegionStep(c, &r, source, dest);
-        vis_Connect_Poll(c, vis_GroupError(r.mark));
-    } else if (ok) {
+        while (r.top > 0 && !r.failed) vis_Connect_RegionStep(c, &r, source, dest);
+        if (r.failed) c->ierr = SYS_ERROR_MEMORY;
+    } else if (ok && (!r.mark || !r.elem || !r.face)) {
         vsy_ErrorRecord(&c->ierr, r.name, SYS_ERROR_MEMORY, "%s", "Creation Failure");
     }
     if (ok) vis_Connect_GroupWorkFree(&r.w);

@@ -337,3 +337,55 @@ TEST_F(ElemGroupTest, GroupOperationsThroughTheGridFunction)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ElemGroupTest, FailedAllocationsAreReportedAndLoseNothing)
+{
+    // Every operation that allocates, with its n-th allocation and all after it failing, for n
+    // from 1 until it runs clean: each either reports code 4 or succeeds, never crashes, and
+    // leaves the connect usable (the free faces come out right afterwards).
+    Block(c, 2, 2, 2);
+    vis_Group* free = keep(NewGroup(8, SYS_ELEM, SYS_FACE));
+    vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, free);
+    vis_Group* features = keep(NewGroup(8, SYS_ELEM, SYS_EDGE));
+    vis_ConnectEdgeGroup(c, VIS_CGROUP_FEATURE, free, features);
+    vis_ConnectSetGroupObject(c, SYS_GROUP, features);
+    vis_ConnectSetGroupParami(c, VIS_CGROUP_SEEDNODE, 1);
+    vis_ConnectSetGroupParamf(c, VIS_CGROUP_CELLSIZE, 1.0f);
+    struct Run {
+        int kind, oper;
+        vis_Group* source;
+    };
+    const Run runs[] = {{SYS_FACE, VIS_CGROUP_FREE, nullptr},     {SYS_FACE, VIS_CGROUP_REGION, free},
+                        {SYS_EDGE, VIS_CGROUP_FEATURE, free},     {SYS_ELEM, VIS_CGROUP_INTERSECT, nullptr},
+                        {SYS_ELEM, VIS_CGROUP_SAMPLE, nullptr},   {SYS_ELEM, VIS_CGROUP_ORIENT, nullptr},
+                        {SYS_NODE, VIS_CGROUP_FEATURE, features}, {SYS_NODE, VIS_CGROUP_SAMPLE, nullptr}};
+    for (const Run& r : runs) {
+        bool clean = false;
+        for (long n = 1; n < 40 && !clean; ++n) {
+            vis_Group* dest = r.kind == SYS_NODE   ? nodes()
+                              : r.kind == SYS_ELEM ? elems()
+                              : keep(NewGroup(8, SYS_ELEM, r.kind));
+            Reports().clear();
+            FailAllocation(n, true);
+            if (r.kind == SYS_FACE) vis_ConnectFaceGroup(c, r.oper, r.source, dest);
+            if (r.kind == SYS_EDGE) vis_ConnectEdgeGroup(c, r.oper, r.source, dest);
+            if (r.kind == SYS_ELEM) vis_ConnectElemGroup(c, r.oper, r.source, dest);
+            if (r.kind == SYS_NODE) vis_ConnectNodeGroup(c, r.oper, r.source, dest);
+            RestoreAllocation();
+            int code = vis_ConnectError(c);
+            clean = code == 0 && Reports().empty();
+            if (!clean) {
+                EXPECT_EQ(code, SYS_ERROR_MEMORY) << "kind " << r.kind << " oper " << r.oper << " n " << n;
+            }
+        }
+        EXPECT_TRUE(clean) << "kind " << r.kind << " oper " << r.oper;
+    }
+    Reports().clear();
+    vis_Group* again = keep(NewGroup(8, SYS_ELEM, SYS_FACE));
+    vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, again);
+    EXPECT_EQ(FlagCount(again), 24);
+}
+
+}  // namespace
