@@ -27,8 +27,9 @@
  * sharing (face and edge opers 0, 13, 27, 30 and the face-source tests). The attribute
  * interface (oper 30) selects a face or edge whose sharing elements differ in their attribute
  * of assoctype and, when count is not 0, also the entities shared by exactly count elements;
- * with count 0 only the interface: the literal "or all faces" of count 0 would make the
- * operation select everything.
+ * with count 0 only the interface, a departure on purpose: the count rule at 0 (every face)
+ * would make the operation select everything. A face is held by an element that has all its
+ * corners, so on a non-conforming mesh a triangle lying on a quadrilateral face is not free.
  *
  * Orientation (ElemGroup 17) keeps its region numbers in a plain array rather than a
  * vis_IdTran, and judges each element against its predecessor in the walk only.
