@@ -95,18 +95,20 @@ static int vis_Connect_NodeInBox(vis_Connect* c, int id)
 }
 
 /* Whether any value of the node's attribute equals assocvalue (4) or is not 0 (29). */
-static int vis_Connect_NodeAttr(vis_Connect* c, int oper, int id, vis_ConnectGroupWork* w)
+static int vis_Connect_NodeAttr(vis_Connect* c, int oper, int id)
 {
     int num = 0;
     vis_ConnectNumNodeAssoc(c, c->grp.assoctype, id, &num);
     int values[64];
     int* v = num <= 64 ? values : (int*)vsy_Malloc(sizeof(int) * (size_t)num);
-    if (!v) return 0;
+    if (!v) {
+        vsy_ErrorRecord(&c->ierr, kName, SYS_ERROR_MEMORY, "%s", "Malloc vec");
+        return 0;
+    }
     vis_ConnectAllNodeAssoc(c, c->grp.assoctype, id, &num, v);
     int hit = 0;
     for (int k = 0; k < num && !hit; ++k) hit = oper == VIS_CGROUP_ASSOC ? v[k] == c->grp.assocvalue : v[k] != 0;
     if (v != values) vsy_Free(v);
-    (void)w;
     return hit;
 }
 
@@ -115,7 +117,7 @@ static int vis_Connect_NodeTest(vis_Connect* c, int oper, vis_ConnectNodeScan* s
 {
     switch (oper) {
     case VIS_CGROUP_ASSOC:
-    case VIS_CGROUP_ASSOCANY: return filtered && vis_Connect_NodeAttr(c, oper, id, &s->w);
+    case VIS_CGROUP_ASSOCANY: return filtered && vis_Connect_NodeAttr(c, oper, id);
     case VIS_CGROUP_INBOX: return filtered && vis_Connect_NodeInBox(c, id);
     case VIS_CGROUP_STRIDEOF: return filtered && (id - 1) % c->grp.stride == c->grp.phase - 1;
     case VIS_CGROUP_EVERYONCE: return s->mark[id];
