@@ -8,8 +8,15 @@
 // Each size and each library runs in a child process of its own, so that peaks do not mix.
 // Peak memory of a phase: the growth of VmHWM during the phase, after resetting the peak to
 // the current resident size (/proc/self/clear_refs, "5"). Run: bench_connect [max elements].
+//
+// The free faces of the mesh (vis_ConnectFaceGroup oper 1) stand beside VTK's surface filters,
+// the face counts of both printed. Last, vsy_ADTree range queries over 10^5 random boxes
+// against a brute-force scan of the same boxes, with the hits of both compared.
 #include "vis_Connect.h"
+#include "vis_ConnectGroup.h"
 #include "vis_ConnectKernel.h"
+#include "vis_Group.h"
+#include "vsy_ADTree.h"
 
 #include <chrono>
 #include <cstdio>
@@ -82,6 +89,7 @@ struct Grid {
     int nx, ny, nz;
     long NumElem() const { return (long)nx * ny * nz; }
     long NumNode() const { return (long)(nx + 1) * (ny + 1) * (nz + 1); }
+    long NumFree() const { return 2L * ((long)nx * ny + (long)ny * nz + (long)nx * nz); }
     int Node(int i, int j, int k) const { return 1 + i + (nx + 1) * (j + (ny + 1) * k); }
     void Hex(int e, int* n) const
     {
@@ -134,6 +142,20 @@ void RunConnect(const Grid& g)
     p.Stop("vis", "face neighbours (6/elem)", ne, total);
     long want = 2L * ((long)(g.nx - 1) * g.ny * g.nz + (long)g.nx * (g.ny - 1) * g.nz + (long)g.nx * g.ny * (g.nz - 1));
     if (total != want) std::printf("vis  neighbour count %ld, expected %ld\n", total, want);
+
+    p.Start();
+    vis_Group* faces = vis_GroupNew();
+    vis_GroupDef(faces, (int)ne, SYS_ELEM, SYS_FACE);
+    vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, faces);
+    p.Stop("vis", "free faces (FaceGroup 1)", ne, 0);
+    long nfree = 0;
+    for (int e = 1; e <= ne; ++e) {
+        int nf = 0, last = 0;
+        vis_GroupNumEntFlag(faces, e, &nf, &last);
+        nfree += nf;
+    }
+    std::printf("     (free faces: %ld, expected %ld)\n", nfree, g.NumFree());
+    vis_GroupDelete(faces);
     vis_ConnectDelete(c);
 }
 
@@ -206,24 +228,83 @@ void RunVtk(const Grid& g)
     }
     p.Stop("vtk", "face neighbours from links", ne, total);
 
+    long nsurf = 0;
     p.Start();
     {
         vtkNew<vtkGeometryFilter> geo;
         geo->SetInputData(ug);
         geo->Update();
-        if (geo->GetOutput()->GetNumberOfCells() == 0) std::printf("empty surface\n");
+        nsurf = geo->GetOutput()->GetNumberOfCells();
     }
     p.Stop("vtk", "vtkGeometryFilter surface", ne, 0);
+    std::printf("     (surface faces: %ld)\n", nsurf);
     p.Start();
     {
         vtkNew<vtkDataSetSurfaceFilter> surf;
         surf->SetInputData(ug);
         surf->Update();
-        if (surf->GetOutput()->GetNumberOfCells() == 0) std::printf("empty surface\n");
+        nsurf = surf->GetOutput()->GetNumberOfCells();
     }
     p.Stop("vtk", "vtkDataSetSurfaceFilter", ne, 0);
+    std::printf("     (surface faces: %ld)\n", nsurf);
 }
 #endif
+
+// Boxes of random corners in [0, 100]^3 and edges up to 2, the query boxes likewise up to 5.
+void RandomBox(unsigned long long* s, double size, double* lo, double* hi)
+{
+    for (int a = 0; a < 3; ++a) {
+        *s = *s * 6364136223846793005ULL + 1442695040888963407ULL;
+        lo[a] = (double)((*s >> 33) % 9000) / 100.0;
+        *s = *s * 6364136223846793005ULL + 1442695040888963407ULL;
+        hi[a] = lo[a] + size * (double)((*s >> 33) % 1000) / 1000.0;
+    }
+}
+
+// vsy_ADTree range queries against a scan of every box, at 10^5 boxes.
+void RunADTree()
+{
+    const int nbox = 100000, nquery = 2000;
+    std::vector<double> box(6 * (size_t)nbox);
+    unsigned long long s = 23;
+    for (int b = 0; b < nbox; ++b) RandomBox(&s, 2.0, &box[6 * b], &box[6 * b + 3]);
+    std::vector<double> query(6 * (size_t)nquery);
+    for (int q = 0; q < nquery; ++q) RandomBox(&s, 5.0, &query[6 * q], &query[6 * q + 3]);
+    const double lo[3] = {0, 0, 0}, hi[3] = {100, 100, 100}, tol = 0.0001;
+
+    Phase p;
+    p.Start();
+    vsy_ADTree* tree = vsy_ADTreeNew();
+    vsy_ADTreeDef(tree, VSY_ADTREE_EXTENT, nbox, lo, hi);
+    for (int b = 0; b < nbox; ++b) vsy_ADTreeInsertExtent(tree, b + 1, &box[6 * b], &box[6 * b + 3]);
+    p.Stop("adt", "insert 10^5 boxes", nbox, 0);
+    p.Start();
+    long hits = 0, visited = 0;
+    for (int q = 0; q < nquery; ++q) {
+        vsy_ADTreeSearchExtent(tree, &query[6 * q], &query[6 * q + 3]);
+        hits += tree->numhits;
+        visited += tree->visited;
+    }
+    p.Stop("adt", "2000 range queries", nquery, 0);
+    std::printf("     (hits: %ld; tree nodes visited per query: %.0f of %d, depth %d)\n", hits, (double)visited / nquery,
+                nbox, tree->depth);
+    vsy_ADTreeDelete(tree);
+
+    p.Start();
+    long brute = 0;
+    for (int q = 0; q < nquery; ++q) {
+        const double* qb = &query[6 * q];
+        for (int b = 0; b < nbox; ++b) {
+            const double* bb = &box[6 * b];
+            bool in = true;
+            for (int a = 0; a < 3 && in; ++a) in = bb[a] <= qb[3 + a] + tol && bb[3 + a] >= qb[a] - tol;
+            brute += in;
+        }
+    }
+    p.Stop("scan", "2000 brute-force queries", nquery, 0);
+    std::printf("     (hits: %ld)\n", brute);
+    if (brute != hits) std::printf("adt  hit count %ld differs from the scan's %ld\n", hits, brute);
+}
 
 template <class F>
 void InChild(F f)
@@ -258,5 +339,7 @@ int main(int argc, char** argv)
         InChild([&] { RunVtk(g); });
 #endif
     }
+    std::printf("\nvsy_ADTree, 10^5 boxes\n");
+    InChild(RunADTree);
     return 0;
 }

@@ -45,17 +45,18 @@
  * Concurrency: none. Queries reuse the scratch arrays elnoix, elnoix2 and scratch, so not even
  * reads may run in parallel on one object.
  *
+ * Group arguments: a node group given to vis_ConnectExtent or vis_ConnectExtentdv limits the
+ * extent to its members; it must be a node group (parent SYS_NODE) of numnode entries, else
+ * error 1 through vsy_ErrorNumber (no text) under "vis_ConnectExtent" with the output unwritten.
+ * The derived groups and their parameters are in vis_ConnectGroup.h; their slots of the grid
+ * function (15 to 18 and 20 to 22) are set by vis_ConnectGridFun.
+ *
  * Not yet available: the objects below belong to parts of the library that do not exist yet.
  * Until they do, each operation behaves as it does when the object is absent:
  *   - `state` (coordinates held by a vis_State) stays null: the coordinate queries read the
  *     connect's own arrays;
  *   - `elemnorm` and `elemtang` (vis_ElemDat) stay null: vis_ConnectElemFaceNorm computes every
  *     normal from the coordinates, and nothing reads tangents;
- *   - group arguments: no vis_Group can pass the group check, so a non-null group given to
- *     vis_ConnectExtent or vis_ConnectExtentdv is error 1 through vsy_ErrorNumber (no text)
- *     under "vis_ConnectExtent", with the output unwritten;
- *   - group extents: no node group restricts an extent, and the derived-group slots of the
- *     grid function (15 to 18 and 20 to 22) stay null.
  * vis_ConnectSetObject accepts only SYS_GRIDFUN for now, which keeps all of these null.
  *
  * Departures on purpose from the rules this object follows:
@@ -112,6 +113,32 @@ struct vsy_RedPre;
 /* Longest part name, without its terminator. */
 #define VIS_CONNECT_NAMELEN 255
 
+/* Parameters of the derived groups (vis_ConnectGroup.h), set before a group operation. */
+typedef struct vis_ConnectGroupParam {
+    float angle;       /* feature angle in degrees */
+    float cosangle;    /* its cosine, computed in double */
+    int signedflag;    /* 0: the direction of normals does not matter */
+    int nonmanifold;   /* non-zero: an edge with other than two faces is a feature at once */
+    float tolerance;   /* tolerance of the spatial search */
+    int assoctype;     /* attribute type 0 to 42 */
+    int assocvalue;    /* wanted attribute value */
+    int shape;         /* wanted element shape 0 to 9 */
+    int dimension;     /* wanted topological dimension 0 to 3 */
+    float box[6];      /* minimum x, y, z, then maximum x, y, z */
+    float view[16];    /* view matrix by rows; elements 2, 6, 10 are the direction of view */
+    int stride;        /* at least 1 */
+    int phase;         /* 1 to stride */
+    int count;         /* wanted number, at least 0 */
+    float curvetol;    /* threshold of the curvature test */
+    int curveflag;     /* 0: the full crease test; else only its first steps */
+    float cellsize;    /* edge of a sampling cell */
+    int seednode;      /* 0 to numnode */
+    int seedelem;      /* 0 to numelem */
+    int seededge;      /* at least 0 */
+    int seedface;      /* at least 0 */
+    struct vis_Group* seedgroup; /* the features that stop a region, not owned */
+} vis_ConnectGroupParam;
+
 typedef struct vis_Connect {
     int ierr;        /* last error */
     int type;        /* coordinate precision: 2, 4, 9 or 11 */
@@ -166,6 +193,7 @@ typedef struct vis_Connect {
     int* elnoix;                /* scratch: one element's nodes */
     int* elnoix2;               /* second scratch list */
     int* scratch;               /* scratch: lists read from elemlists, corner numbers */
+    vis_ConnectGroupParam grp;  /* group parameters */
     int exactface;              /* non-zero: face matches pass the exact check */
     int coordshift;             /* log2 of the coordinate chunk size */
     int coordchunk;             /* coordinate chunk size in nodes */
@@ -268,8 +296,8 @@ void vis_ConnectElemNum(vis_Connect* connect, int enttype, int id, int* num);
 /* Coordinates of nix nodes into x, three values each. */
 void vis_ConnectCoords(vis_Connect* connect, int nix, const int* ix, float* x);
 void vis_ConnectCoordsdv(vis_Connect* connect, int nix, const int* ix, double* x);
-/* Bounding box: three minima, three maxima. group must be null until node groups exist (see
- * Not yet available above). Nodes whose node attribute 0 exists and reads 0 are skipped; with
+/* Bounding box: three minima, three maxima, of the nodes of the node group (all without one).
+ * Nodes whose node attribute 0 exists and reads 0 are skipped; with
  * no node the output stays as it was. */
 void vis_ConnectExtent(vis_Connect* connect, struct vis_Group* group, float extent[6]);
 void vis_ConnectExtentdv(vis_Connect* connect, struct vis_Group* group, double extent[6]);
@@ -309,8 +337,7 @@ void vis_ConnectDelElemEntAssoc(vis_Connect* connect, int type, int enttype);
 void vis_ConnectAnyElemEntAssoc(vis_Connect* connect, int type, int enttype, int* flag);
 
 /* Fills gf so that it stands for this connect: object pointer and every slot this system
- * implements (the group slots 15 to 18 and 20 to 22 stay null until the derived groups
- * exist). */
+ * implements. */
 void vis_ConnectGridFun(vis_Connect* connect, vis_GridFun* gf);
 
 /* Internal operations shared with the kernel. */

@@ -2,6 +2,7 @@
 #include "vis_Connect.h"
 #include "vis_ConnectInternal.h"
 
+#include "vis_ConnectGroup.h"
 #include "vis_ConnectKernel.h"
 #include "vsy_Error.h"
 
@@ -36,6 +37,13 @@ static void gf_GetDimension(void* o, int* d) { vis_ConnectGetDimension(VC(o), d)
 static void gf_Extentdv(void* o, vis_Group* g, double* e) { vis_ConnectExtentdv(VC(o), g, e); }
 static void gf_ElemEntAssoc(void* o, int t, int et, int id, int no, int* v) { vis_ConnectElemEntAssoc(VC(o), t, et, id, no, v); }
 static void gf_NodeNode(void* o, int id, int* num, int* nodes) { vis_ConnectNodeNode(VC(o), id, num, nodes); }
+static void gf_FaceGroup(void* o, int op, vis_Group* s, vis_Group* d) { vis_ConnectFaceGroup(VC(o), op, s, d); }
+static void gf_EdgeGroup(void* o, int op, vis_Group* s, vis_Group* d) { vis_ConnectEdgeGroup(VC(o), op, s, d); }
+static void gf_NodeGroup(void* o, int op, vis_Group* s, vis_Group* d) { vis_ConnectNodeGroup(VC(o), op, s, d); }
+static void gf_ElemGroup(void* o, int op, vis_Group* s, vis_Group* d) { vis_ConnectElemGroup(VC(o), op, s, d); }
+static void gf_SetGroupParamf(void* o, int t, float p) { vis_ConnectSetGroupParamf(VC(o), t, p); }
+static void gf_SetGroupParamfv(void* o, int t, const float* p) { vis_ConnectSetGroupParamfv(VC(o), t, p); }
+static void gf_SetGroupParami(void* o, int t, int p) { vis_ConnectSetGroupParami(VC(o), t, p); }
 
 void vis_ConnectGridFun(vis_Connect* c, vis_GridFun* gf)
 {
@@ -71,4 +79,11 @@ void vis_ConnectGridFun(vis_Connect* c, vis_GridFun* gf)
     vis_GridFunSet(gf, VIS_GRIDFUN_EXTENTDV, (vis_GridFunc)gf_Extentdv);
     vis_GridFunSet(gf, VIS_GRIDFUN_ELEMENTASSOC, (vis_GridFunc)gf_ElemEntAssoc);
     vis_GridFunSet(gf, VIS_GRIDFUN_NODENODE, (vis_GridFunc)gf_NodeNode);
+    vis_GridFunSet(gf, VIS_GRIDFUN_FACEGROUP, (vis_GridFunc)gf_FaceGroup);
+    vis_GridFunSet(gf, VIS_GRIDFUN_EDGEGROUP, (vis_GridFunc)gf_EdgeGroup);
+    vis_GridFunSet(gf, VIS_GRIDFUN_NODEGROUP, (vis_GridFunc)gf_NodeGroup);
+    vis_GridFunSet(gf, VIS_GRIDFUN_SETGROUPPARAMF, (vis_GridFunc)gf_SetGroupParamf);
+    vis_GridFunSet(gf, VIS_GRIDFUN_ELEMGROUP, (vis_GridFunc)gf_ElemGroup);
+    vis_GridFunSet(gf, VIS_GRIDFUN_SETGROUPPARAMFV, (vis_GridFunc)gf_SetGroupParamfv);
+    vis_GridFunSet(gf, VIS_GRIDFUN_SETGROUPPARAMI, (vis_GridFunc)gf_SetGroupParami);
 }

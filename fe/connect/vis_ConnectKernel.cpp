@@ -1,5 +1,6 @@
 /* vis_ConnectKernel: the node-to-element table and the queries on it; see vis_ConnectKernel.h. */
 #include "vis_ConnectKernel.h"
+#include "vis_ConnectGroupInternal.h"
 #include "vis_ConnectInternal.h"
 
 #include "vis_Assoc.h"
@@ -394,7 +395,13 @@ void vis_ConnectNodeElemCommon(vis_Connect* c, int nnodes, const int* nodes, int
 /* ---------------------------------------------------------------------------------------- */
 /* Element matching */
 
-void vis_Connect_EdgeElems(vis_Connect* c, int id, const int* nodes, int* num, int* elems)
+/* Whether element e may be listed: a member of the group, or any element without one. */
+static int vis_Connect_Member(vis_Group* group, int e)
+{
+    return !group || vis_Connect_GroupHas(group, e);
+}
+
+void vis_Connect_EdgeElems(vis_Connect* c, vis_Group* group, int id, const int* nodes, int* num, int* elems)
 {
     *num = 0;
     int na, nb;
@@ -406,7 +413,7 @@ void vis_Connect_EdgeElems(vis_Connect* c, int id, const int* nodes, int* num, i
             if (a[i] < b[j]) ++i;
             else if (a[i] > b[j]) ++j;
             else {
-                if (a[i] != id) elems[count++] = a[i];
+                if (a[i] != id && vis_Connect_Member(group, a[i])) elems[count++] = a[i];
                 ++i;
                 ++j;
             }
@@ -423,7 +430,7 @@ void vis_Connect_EdgeElems(vis_Connect* c, int id, const int* nodes, int* num, i
             if (v >= a[i]) break;
             ++j;
         }
-        if (j < nb && v == a[i] && a[i] != id) elems[count++] = a[i];
+        if (j < nb && v == a[i] && a[i] != id && vis_Connect_Member(group, a[i])) elems[count++] = a[i];
     }
     *num = count;
 }
@@ -527,8 +534,8 @@ static int vis_Connect_CanHold(vis_Connect* c, int e, int nnodes)
     }
 }
 
-void vis_Connect_FaceElems(vis_Connect* c, int id, int shape, int nnodes, const int* nodes, int* num,
-                           int* elems)
+void vis_Connect_FaceElems(vis_Connect* c, vis_Group* group, int id, int shape, int nnodes, const int* nodes,
+                           int* num, int* elems)
 {
     *num = 0;
     if (nnodes < 1) return;
@@ -546,7 +553,7 @@ void vis_Connect_FaceElems(vis_Connect* c, int id, int shape, int nnodes, const 
                 all = !end && row[j][at[j]] == e;
             }
             if (end) break;
-            if (!all || e == id) continue;
+            if (!all || e == id || !vis_Connect_Member(group, e)) continue;
             if (c->exactface && !vis_Connect_ExactFace(c, e, nnodes, nodes)) continue;
             elems[count++] = e;
         }
@@ -560,7 +567,7 @@ void vis_Connect_FaceElems(vis_Connect* c, int id, int shape, int nnodes, const 
     for (int i = 0; i < n0; ++i) {
         int e = c->mode == 1 ? 0 : r0[i];
         if (c->mode == 1) vsy_ChunkListEntry(c->nodelists, nodes[0], i, &e);
-        if (e == id || !vis_Connect_CanHold(c, e, nnodes)) continue;
+        if (e == id || !vis_Connect_Member(group, e) || !vis_Connect_CanHold(c, e, nnodes)) continue;
         int all = 1;
         for (int j = 1; j < nnodes && all; ++j) all = vis_Connect_InRow(c, nodes[j], e);
         if (!all) continue;
@@ -724,17 +731,8 @@ static int vis_Connect_Entity(vis_Connect* c, const char* name, int enttype, int
     }
 }
 
-/* Corner positions of the faces of the four solids, tetrahedron to hexahedron, read once from
- * the element tables. In serendipity forms (low half of maxj 0, maxk 0) the corners lead the
- * list, so these are positions for every order; the quick face path reads them without
- * parsing the element's form each time. */
-typedef struct vis_Connect_SolidFaces {
-    int numface[4];
-    int numcorner[4][6];
-    int corner[4][6][4];
-} vis_Connect_SolidFaces;
-
-static const vis_Connect_SolidFaces* vis_Connect_Faces(void)
+/* The corner positions of the solids' faces, built once (see vis_ConnectKernel.h). */
+const vis_Connect_SolidFaces* vis_Connect_Faces(void)
 {
     static const vis_Connect_SolidFaces faces = [] {
         vis_Connect_SolidFaces f = {};
@@ -884,12 +882,17 @@ void vis_ConnectElemTopo(vis_Connect* c, int enttype, int id, int no, int* shape
 
 void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, int* elems)
 {
-    static const char* name = "vis_ConnectElemAdj";
-    if (vis_Connect_Null(c, name)) return;
+    if (vis_Connect_Null(c, "vis_ConnectElemAdj")) return;
     if (GF_SET(c, VIS_GRIDFUN_ELEMADJ)) {
         GF_CALL(c, VIS_GRIDFUN_ELEMADJ, vis_GridFunElemAdj_t)(c->gridfun->obj, enttype, id, no, num, elems);
         return;
     }
+    vis_Connect_ElemAdjIn(c, nullptr, enttype, id, no, num, elems);
+}
+
+void vis_Connect_ElemAdjIn(vis_Connect* c, vis_Group* group, int enttype, int id, int no, int* num, int* elems)
+{
+    static const char* name = "vis_ConnectElemAdj";
     *num = 0;
     if (enttype != SYS_NODE && enttype != SYS_EDGE && enttype != SYS_FACE) return;
     if (!vis_Connect_HasTable(c)) return;
@@ -913,7 +916,7 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
         const int* list = c->elnode[(id - 1) >> VIS_CONNECT_ELEMSHIFT] + c->elnodeix[id];
         int corners[4];
         for (int k = 0; k < nc; ++k) corners[k] = list[pos[k]];
-        vis_Connect_FaceElems(c, id, nc == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD, nc, corners, num, elems);
+        vis_Connect_FaceElems(c, group, id, nc == 3 ? SYS_SHAPE_TRI : SYS_SHAPE_QUAD, nc, corners, num, elems);
         return;
     }
     int* pos = vis_Connect_PosBuffer(c);
@@ -929,16 +932,16 @@ void vis_ConnectElemAdj(vis_Connect* c, int enttype, int id, int no, int* num, i
         const int* row = vis_Connect_Row(c, corners[0], &nr);
         int count = 0;
         for (int k = 0; k < nr; ++k)
-            if (row[k] != id) elems[count++] = row[k];
+            if (row[k] != id && vis_Connect_Member(group, row[k])) elems[count++] = row[k];
         *num = count;
     } else if (enttype == SYS_EDGE) {
-        vis_Connect_EdgeElems(c, id, corners, num, elems);
+        vis_Connect_EdgeElems(c, group, id, corners, num, elems);
     } else {
         /* Only the polygon form of the face steers the match. */
         int fs = (shape == SYS_SHAPE_POLYGON || shape == SYS_SHAPE_POLYHED) ? SYS_SHAPE_POLYGON
                  : n == 3                                                     ? SYS_SHAPE_TRI
                                                                               : SYS_SHAPE_QUAD;
-        vis_Connect_FaceElems(c, id, fs, n, corners, num, elems);
+        vis_Connect_FaceElems(c, group, id, fs, n, corners, num, elems);
     }
 }
 

@@ -66,10 +66,26 @@ void vis_ConnectElemTopo(vis_Connect* connect, int enttype, int id, int no, int*
  * "no= %d". */
 void vis_ConnectElemFaceNorm(vis_Connect* connect, int id, int no, float* normal);
 
-/* Internal. Elements holding both nodes[0] and nodes[1], other than id. */
-void vis_Connect_EdgeElems(vis_Connect* connect, int id, const int* nodes, int* num, int* elems);
+/* Internal. Corner positions of the faces of the four solids, tetrahedron to hexahedron (index
+ * shape - SYS_SHAPE_TET), read once from the element tables. In serendipity forms (low half of
+ * maxj 0, maxk 0) the corners lead the list, so these are positions for every order; the quick
+ * face paths read them without parsing the element's form each time. */
+typedef struct vis_Connect_SolidFaces {
+    int numface[4];
+    int numcorner[4][6];
+    int corner[4][6][4];
+} vis_Connect_SolidFaces;
+const vis_Connect_SolidFaces* vis_Connect_Faces(void);
+
+/* Internal. Elements holding both nodes[0] and nodes[1], other than id, and with a group (any
+ * kind; an element is in it when it has any flag) only its members. */
+void vis_Connect_EdgeElems(vis_Connect* connect, struct vis_Group* group, int id, const int* nodes, int* num,
+                           int* elems);
 /* Elements holding all nnodes corners, other than id; shape is the face's shape. */
-void vis_Connect_FaceElems(vis_Connect* connect, int id, int shape, int nnodes, const int* nodes, int* num,
+void vis_Connect_FaceElems(vis_Connect* connect, struct vis_Group* group, int id, int shape, int nnodes,
+                           const int* nodes, int* num, int* elems);
+/* vis_ConnectElemAdj without the front, listing only the members of group (null: all). */
+void vis_Connect_ElemAdjIn(vis_Connect* connect, struct vis_Group* group, int enttype, int id, int no, int* num,
                            int* elems);
 /* Position (from 0) of the no-th distinct edge of a polygon or polyhedron, or -1. */
 int vis_Connect_PolyEdge(vis_Connect* connect, int id, int no);

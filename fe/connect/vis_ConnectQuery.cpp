@@ -1,6 +1,8 @@
 /* vis_Connect: the element, coordinate and extent queries; see vis_Connect.h. */
 #include "vis_Connect.h"
 #include "vis_ConnectInternal.h"
+#include "vis_ConnectGroupInternal.h"
+#include "vis_Group.h"
 
 #include "vis_Assoc.h"
 #include "vsy_ChunkList.h"
@@ -264,17 +266,23 @@ void vis_ConnectGetDimension(vis_Connect* c, int* dimension)
 template <class T>
 static void vis_Connect_ExtentT(vis_Connect* c, const char* name, vis_Group* group, T* extent)
 {
+    int numnode = c->numnode;
     if (group) {
-        /* Node groups are not available yet: any group fails the check. */
-        vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "%s", "");
-        return;
+        /* The group check: a node group of numnode entries. */
+        int n = 0, parent = 0, child = 0;
+        vis_GroupInq(group, &n, &parent, &child);
+        if (parent != SYS_NODE || (child != 0 && child != SYS_NODE) || n != numnode) {
+            vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_VALUE, "%s", "");
+            return;
+        }
     }
     if (!extent) return;
     vis_Assoc* mask = c->nodeassoc[VIS_ASSOC_ELEMTYPE];
     int any = 0;
     double lo[3] = {0, 0, 0}, hi[3] = {0, 0, 0};
-    for (int id = 1; id <= c->numnode; ++id) {
+    for (int id = 1; id <= numnode; ++id) {
         if (mask && vis_AssocGet(mask, id) == 0) continue;
+        if (group && !vis_Connect_GroupHas(group, id)) continue;
         double x[3];
         vis_Connect_ReadNode(c, id, x);
         for (int a = 0; a < 3; ++a) {

@@ -118,6 +118,10 @@ vis_Connect* vis_ConnectNew(void)
     c->coordshift = VIS_CONNECT_COORDSHIFT_DEFAULT;
     c->coordchunk = 1 << c->coordshift;
     c->autonode = 1;
+    /* Every group parameter starts at 0 but stride and phase, which start at 1. */
+    c->grp.stride = 1;
+    c->grp.phase = 1;
+    c->grp.cosangle = 1.0f;
     c->red = vsy_RedPreNew();
     c->redx = vsy_RedPreNew();
     c->redy = vsy_RedPreNew();

@@ -55,12 +55,12 @@ TEST_F(GridFunTest, SlotCodes)
     ExpectOnlyReport("vis_GridFunGet", 2, "type= 0");
     EXPECT_EQ(f, nullptr);
     vis_GridFunDelete(t);
-    // The table over a connect: its object, and every slot but the group ones and the free ones.
+    // The table over a connect: its object, and every slot but the free ones 23 and 31.
     void* obj = nullptr;
     vis_GridFunGetObj(gf, &obj);
     EXPECT_EQ(obj, a);
     for (int code = 1; code <= VIS_GRIDFUN_MAXSLOT; ++code) {
-        bool unset = code == 23 || code == 31 || (code >= 15 && code <= 18) || (code >= 20 && code <= 22);
+        bool unset = code == 23 || code == 31;
         EXPECT_EQ(gf->fun[code] == nullptr, unset) << code;
     }
 }
