@@ -2,6 +2,7 @@
 
 #include "vis_ABAFwt.h"
 #include "vis_Connect.h"
+#include "vis_D3DFwt.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vsy_Error.h"
@@ -160,6 +161,7 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     }
     switch (type) {
     case 13: Deck(connect, path, vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete); break;
+    case 25: Deck(connect, path, vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete); break;
     case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
