@@ -33,9 +33,9 @@ TEST_F(ConnectWriteTest, RefusedCodes)
 {
     c = TwoTriangles();
     // 0 and unknown codes; writers not built yet; surface triangles not built yet. Code 13,
-    // the ABAQUS deck, is built and has its own test below; code 25, the keyword deck, is
-    // tested with its writer.
-    for (int type : {0, 5, 11, 14, 20, 22, 41, -7}) {
+    // the ABAQUS deck, is built and has its own test below; codes 25 and 20, the keyword deck
+    // and the neutral file, are tested with their writers.
+    for (int type : {0, 5, 11, 14, 22, 41, -7}) {
         Reports().clear();
         vis_ConnectWrite(c, type, File("refused").c_str());
         ExpectOnlyReport("vis_ConnectWrite", 2, "type= " + std::to_string(type));
