@@ -6,8 +6,8 @@
 #include "NASFwtTestSupport.h"
 #include "vis_PatLwt.h"
 
+#include <cctype>
 #include <cstdlib>
-#include <regex>
 #include <sstream>
 
 namespace pattest {
@@ -44,10 +44,18 @@ inline std::string E(const std::string& text)
 // dd-Mon-yy and three blanks, a time hh:mm:ss, nine blanks and the version "3.0") is checked.
 inline std::string MaskDate(const std::string& file)
 {
-    static const std::regex line("\n[0-3][0-9]-[A-Z][a-z][a-z]-[0-9][0-9]   [0-2][0-9]:[0-5][0-9]:[0-6][0-9]         3\\.0\n");
-    std::smatch m;
-    if (!std::regex_search(file, m, line)) return file;
-    return m.prefix().str() + "\n(date)\n" + m.suffix().str();
+    // Characters of "dd-Mon-yy   hh:mm:ss         3.0": 'd' a digit, 'A' an upper case
+    // letter, 'a' a lower case one, anything else itself.
+    static const std::string form = "dd-Aaa-dd   dd:dd:dd         3.0";
+    const size_t start = file.find('\n', file.find("\n26 ") + 1) + 1;
+    const size_t end = file.find('\n', start);
+    if (start == 0 || end == std::string::npos || end - start != form.size()) return file;
+    for (size_t i = 0; i < form.size(); ++i) {
+        const char c = file[start + i], f = form[i];
+        const bool ok = f == 'd' ? std::isdigit(c) : f == 'A' ? std::isupper(c) : f == 'a' ? std::islower(c) : c == f;
+        if (!ok) return file;
+    }
+    return file.substr(0, start) + "(date)" + file.substr(end);
 }
 
 // One packet as read: header fields and its cards.
@@ -71,13 +79,23 @@ inline bool ParseHeader(const std::string& line, int* field)
 
 // The reals of a card of 16-column exponent fields: each " d.dddddddddE+dd" form; "" for a
 // card that is not one.
+inline bool RealField(const std::string& f)
+{
+    // Sign or blank, a digit, the point, digits, 'E', the exponent's sign, two or three digits.
+    const size_t e = f.find('E');
+    if (f.size() != 16 || (f[0] != ' ' && f[0] != '-') || !std::isdigit(f[1]) || f[2] != '.') return false;
+    if (e == std::string::npos || e < 4 || e + 4 > f.size() || (f[e + 1] != '+' && f[e + 1] != '-')) return false;
+    for (size_t i = 3; i < f.size(); ++i)
+        if (i != e && i != e + 1 && !std::isdigit(f[i])) return false;
+    return true;
+}
+
 inline bool RealCard(const std::string& card, int n, std::vector<double>* out = nullptr)
 {
-    static const std::regex real("[ -][0-9]\\.[0-9]+E[+-][0-9]{2,3}");
     if (n < 1 || n > 5 || card.size() != size_t(16 * n)) return false;
     for (int i = 0; i < n; ++i) {
         const std::string f = card.substr(16 * i, 16);
-        if (!std::regex_match(f, real)) return false;
+        if (!RealField(f)) return false;
         if (out) out->push_back(std::strtod(f.c_str(), nullptr));
     }
     return true;
@@ -124,8 +142,11 @@ inline std::string PacketFault(const Packet& p)
     case 25: return kc == 1 ? "" : "title KC";
     case 26: return card(0).size() == 32 ? "" : "summary card";
     case 1: {
-        static const std::regex second("1G[0-9 ]{8}[0-9 ]{8}[-0-9 ]{8}  [01]{6}");
-        return kc == 2 && RealCard(card(0), 3) && std::regex_match(card(1), second) ? "" : "node cards";
+        // "1G", three 8-wide integers, two blanks, six flags.
+        const std::string s = card(1);
+        const bool second = s.size() == 34 && s.compare(0, 2, "1G") == 0 && IntCards(Packet{{}, {s.substr(2, 24)}}, 0, 3, 3) &&
+                            s.compare(26, 2, "  ") == 0 && Digits(s.substr(28));
+        return kc == 2 && RealCard(card(0), 3) && second ? "" : "node cards";
     }
     case 2: {
         if (card(0).size() != 80 || !RealCard(card(0).substr(32), 3)) return "element card";

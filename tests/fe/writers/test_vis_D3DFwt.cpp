@@ -391,3 +391,19 @@ TEST_F(D3DFwtTest, NumbersReadBackWithinTheirFieldPrecision)
 }
 
 } // namespace
+
+namespace {
+
+TEST(D3DFwtChecker, FindsLinesOutOfLayout)
+{
+    const std::string node = "*NODE\n" + I8(1) + F16("1.") + F16("0.") + F16("0.") + "\n";
+    EXPECT_EQ(CheckDeck(node), "");
+    // A coordinate one column short, an integer not right-aligned, a data line under a keyword
+    // without cards, a node card past 80 columns.
+    EXPECT_NE(CheckDeck("*NODE\n" + I8(1) + F16("1.").substr(1) + F16("0.") + F16("0.") + "\n"), "");
+    EXPECT_NE(CheckDeck("*NODE\n1       " + F16("1.") + F16("0.") + F16("0.") + "\n"), "");
+    EXPECT_NE(CheckDeck("*KEYWORD\n1\n"), "");
+    EXPECT_NE(CheckDeck("*ELEMENT_SHELL\n" + std::string(88, '1') + "\n"), "");
+}
+
+} // namespace

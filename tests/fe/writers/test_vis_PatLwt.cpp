@@ -329,3 +329,26 @@ TEST_F(PatLwtTest, CoordinatesReadBackWithinTheirFieldPrecision)
 }
 
 } // namespace
+
+namespace {
+
+TEST(PatLwtChecker, FindsBrokenPackets)
+{
+    const std::string end = Head(99, 0, 0, 1);
+    const std::string node = Head(1, 7, 0, 2) + E("1.000000000E+00") + E("0.000000000E+00") + E("0.000000000E+00") +
+                             "\n1G" + I8(6) + I8(0) + I8(0) + "  000000\n";
+    EXPECT_EQ(CheckPackets(node + end), "");
+    // No end packet; a card too few (KC 3); a real one column short; a header of 65 columns.
+    EXPECT_EQ(CheckPackets(node), "no packet 99\n");
+    std::string kc3 = node;
+    kc3.replace(kc3.find("       2       0"), 16, "       3       0");
+    EXPECT_NE(CheckPackets(kc3 + end), "");
+    std::string shortreal = node;
+    shortreal.replace(shortreal.find(" 1.000000000E+00"), 16, " 1.00000000E+00");
+    EXPECT_NE(CheckPackets(shortreal + end), "");
+    EXPECT_NE(CheckPackets(node.substr(1) + end), "");
+    // A force packet whose flags promise two reals but hold one.
+    EXPECT_NE(CheckPackets(Head(7, 1, 1, 2) + I8(0) + "110000\n" + E("1.000000000E+00") + "\n" + end), "");
+}
+
+} // namespace
