@@ -122,17 +122,22 @@ void Force(vis_PatLwt* pat, vis_LCase* lc, int id, int index)
     vis_PatLwt_Reals(fp, n, m);
 }
 
-/* Calls f(index) for the nodes of `featype` not 0 holding a concentrated load of `type`. */
-template <class F>
-void Concentrated(vis_PatLwt* pat, vis_LCase* lc, int type, F f)
+/* A packet `packet` of one value for every node of `featype` not 0 holding a concentrated
+ * scalar load of `type` (3 heat, 4 temperature), case by case. */
+void Scalars(vis_PatLwt* pat, int type, int packet)
 {
-    int max = 0;
-    vis_LCaseConcMax(lc, type, &max);
-    for (int index = 1; index <= max && index <= pat->w.numnp; ++index) {
-        int flag = 0;
-        vis_LCaseConcFlag(lc, index, type, &flag);
-        if (flag && vis_Writer_NodeAssoc(&pat->w, 0, index) != 0) f(index);
-    }
+    Cases(pat, [pat, type, packet](int id, vis_LCase* lc) {
+        int max = 0;
+        vis_LCaseConcMax(lc, type, &max);
+        for (int index = 1; index <= max && index <= pat->w.numnp; ++index) {
+            int flag = 0;
+            double v = 0.0;
+            vis_LCaseConcFlag(lc, index, type, &flag);
+            if (!flag || vis_Writer_NodeAssoc(&pat->w, 0, index) == 0) continue;
+            vis_LCaseConcdv(lc, index, type, &v);
+            vis_PatLwt_NodeValue(pat, packet, index, id, 0, v);
+        }
+    });
 }
 
 /* A heat flux (type 5) or convection (6) on a face or edge: the values of every corner. */
@@ -177,24 +182,12 @@ void vis_PatLwt_Pressures(vis_PatLwt* pat)
 
 void vis_PatLwt_Temperatures(vis_PatLwt* pat)
 {
-    Cases(pat, [pat](int id, vis_LCase* lc) {
-        Concentrated(pat, lc, 4, [&](int index) {
-            double t = 0.0;
-            vis_LCaseConcdv(lc, index, 4, &t);
-            vis_PatLwt_NodeValue(pat, 10, index, id, 0, t);
-        });
-    });
+    Scalars(pat, 4, 10);
 }
 
 void vis_PatLwt_Heat(vis_PatLwt* pat)
 {
-    Cases(pat, [pat](int id, vis_LCase* lc) {
-        Concentrated(pat, lc, 3, [&](int index) {
-            double q = 0.0;
-            vis_LCaseConcdv(lc, index, 3, &q);
-            vis_PatLwt_NodeValue(pat, 15, index, id, 0, q);
-        });
-    });
+    Scalars(pat, 3, 15);
     for (int type : {5, 6})
         Cases(pat, [pat, type](int id, vis_LCase* lc) {
             for (int entity : {SYS_EDGE, SYS_FACE})
