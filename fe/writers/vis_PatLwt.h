@@ -29,6 +29,7 @@
 
 struct vsy_HashTable;
 struct vis_Model;
+struct vis_State;
 
 typedef struct vis_PatLwt {
     vis_Writer w;                    /* frame; its ierr is the record's first field */
@@ -49,5 +50,19 @@ vis_PatLwt* vis_PatLwtNew(void);
 void vis_PatLwtDelete(vis_PatLwt* pat);
 int vis_PatLwtError(vis_PatLwt* pat);
 void vis_PatLwtWriteModel(vis_PatLwt* pat, struct vis_Model* model, const char* path);
+/* Writes a result state over the model's mesh as a results file of the format's nodal or
+ * element kind, opened in "w" mode:
+ *   nodal (parent SYS_NODE): "Nodal results"; "%9d%9d%15.6E%9d%9d" with the number of nodes
+ *     written, the largest node id, the default value 0.0, 0 and the components per node;
+ *     "datatype= %d" of the state; an empty line; then per set node of `featype` not 0 "%8d"
+ *     with its id and its components, five to a line, the lines after the first indented by
+ *     eight blanks;
+ *   element (parent SYS_ELEM): "Element results"; "datatype= %d"; an empty line; then per set
+ *     element "%8d%8d" with its id and the shape code of packet 2, and on the next lines all
+ *     its values (per element node or face, in order, for a state with a child), six to a line.
+ * Values take 13 columns: vsy_RealToExp(value, 13, 2, 1, 0). Failures: the frame's
+ * "path= %s" (6) and "GridFun" (5); a null state code 5 "State"; a state whose entity count
+ * differs from the mesh's nodes or elements code 8 "State mismatch", the file left empty. */
+void vis_PatLwtWriteState(vis_PatLwt* pat, struct vis_Model* model, struct vis_State* state, const char* path);
 
 #endif

@@ -23,6 +23,12 @@ void vis_PatLwt_Initial(vis_PatLwt* pat);
 void vis_PatLwt_Constraints(vis_PatLwt* pat);
 void vis_PatLwt_Groups(vis_PatLwt* pat);
 
+/* The format's shape code of packet 2 by library shape 0 to 9; 0 for another. */
+inline int vis_PatLwt_ShapeCode(int shape)
+{
+    static const int code[10] = {2, 2, 3, 4, 5, 8, 7, 8, 6, 6};
+    return shape >= 0 && shape <= 9 ? code[shape] : 0;
+}
 /* A packet header: type, id, IV, KC and N1 to N5. */
 void vis_PatLwt_Header(FILE* fp, int type, int id, int iv, int kc, int n1 = 0, int n2 = 0, int n3 = 0, int n4 = 0,
                        int n5 = 0);

@@ -12,9 +12,6 @@
 
 namespace {
 
-/* The format's shape code by library shape 0 to 9. */
-const int kShapeCode[10] = {2, 2, 3, 4, 5, 8, 7, 8, 6, 6};
-
 /* A reorder of a list of `src` nodes into `n`: place i of the written list holds source
  * position order[i]. A Lagrange wedge drops the centres of its side faces. */
 struct Order {
@@ -129,7 +126,7 @@ void Element(vis_PatLwt* pat, int index, int featype)
     if (prop == 0) prop = 1;
     if (e.n == 1) e.node[e.n++] = e.node[0];
     FILE* fp = w->fp;
-    vis_PatLwt_Header(fp, 2, vis_Writer_ElemId(w, index), kShapeCode[e.shape], (e.n + 9) / 10 + 1);
+    vis_PatLwt_Header(fp, 2, vis_Writer_ElemId(w, index), vis_PatLwt_ShapeCode(e.shape), (e.n + 9) / 10 + 1);
     vis_WriterLine line;
     for (int v : {e.n, 0, prop, 0}) line.Int(v, 8);
     for (int k = 0; k < 3; ++k) line.Exp(0.0, 16, 2);
