@@ -99,9 +99,9 @@ void InterfaceToFace(Elem* e)
 /* 1 when packet 2 can hold the element's form. */
 bool Writable(const Elem* e)
 {
-    const int j = e->maxj & 0xFFFF;
+    const int j = e->maxj & 0xFFFF, order = e->maxi == 0 ? 2 : e->maxi;
     if (e->shape < 0 || e->shape > SYS_SHAPE_HEX || e->maxi >= 4) return false;
-    return j == 0 || j == e->maxi || j == e->maxk;
+    return j == 0 || j == order || j == e->maxk;
 }
 
 void Element(vis_PatLwt* pat, int index, int featype)

@@ -4,6 +4,7 @@
 #include "PatLwtTestSupport.h"
 #include "vis_ConnectWrite.h"
 #include "vis_ElemTopology.h"
+#include "vis_GridFun.h"
 #include "vis_IdTran.h"
 #include "vis_LCase.h"
 #include "vis_RCase.h"
@@ -81,6 +82,21 @@ TEST_F(PatLwtTest, ConnectivityAloneHasTitleSummaryNodesElementsAndEnd)
     vis_ConnectWrite(connect, 20, path.c_str());
     ExpectNoReport();
     EXPECT_EQ(MaskDate(ReadFile(path)), want);
+}
+
+TEST_F(PatLwtTest, GridFunctionWithoutConnectivityHasNoMeshPackets)
+{
+    // Nodes and elements are written from a connectivity only: a model holding just a grid
+    // function gets the title, the summary (with its counts) and the end.
+    Use(BuildMesh(Line(2), {{SYS_SHAPE_LINE, 0, 0, 4, 1, 1, {1, 2}}}));
+    vis_GridFun* gf = vis_GridFunNew();
+    vis_ConnectGridFun(connect, gf);
+    vis_Model* only = vis_ModelNew();
+    vis_ModelSetObject(only, SYS_GRIDFUN, gf);
+    const std::string file = WritePat(only, File("gf.out"));
+    EXPECT_EQ(MaskDate(file), Head(25, 0, 0, 1) + "Patran neutral file\n" + Head(26, 0, 0, 1, 2, 1) + "(date)\n" + Head(99, 0, 0, 1));
+    vis_ModelDelete(only);
+    vis_GridFunDelete(gf);
 }
 
 TEST_F(PatLwtTest, FeatureZeroHasNoPacket)
