@@ -65,8 +65,9 @@ struct Elem {
     int node[VIS_ELEM_MAXNODE + 8];
 };
 
-/* A pyramid as a hexahedron whose top face is the apex four times; of order 3 the apex edges'
- * midside nodes go to the vertical edges and the top edges collapse into the apex. */
+/* A pyramid of 5 or 13 nodes as a hexahedron whose top face is the apex four times; of order 3
+ * the apex edges' midside nodes go to the vertical edges and the top edges collapse into the
+ * apex. Other pyramid forms stay pyramids in their own order. */
 void PyramidToHex(Elem* e)
 {
     const int apex = e->node[4];
@@ -113,7 +114,7 @@ void Element(vis_PatLwt* pat, int index, int featype)
     vis_Writer_ElemNode(w, index, &e.n, e.node);
     if (e.n < 1) return;
     if (featype == 14 && vis_Writer_ElemAssoc(w, 12, index) == 37) InterfaceToFace(&e);
-    if (e.shape == SYS_SHAPE_PYR) PyramidToHex(&e);
+    if (e.shape == SYS_SHAPE_PYR && (e.n == 5 || e.n == 13)) PyramidToHex(&e);
     vis_Writer_NodeIds(w, e.n, e.node);
     if (const Order* order = OrderOf(e.shape, e.maxi, e.maxj, e.n)) {
         int src[VIS_ELEM_MAXNODE + 8];
