@@ -1,9 +1,9 @@
-// Writer benchmark: the NASTRAN deck, the ABAQUS deck, the ANSYS command file and the native
-// text and binary forms (vis_ConnectWrite -1, -2) of structured hexahedral and tetrahedral
-// meshes of about 10^4, 10^5 and 10^6 elements, each timed on the wall clock with its bytes and
-// MB/s, beside the floor of the C library: formatting the same coordinates with snprintf alone
-// into a buffer ("%23.15E" as the deck's grid cards need them, "%16.9E" as the command file's
-// node lines), with no file and no element.
+// Writer benchmark: the NASTRAN deck, the ABAQUS, LS-DYNA and PATRAN decks, the ANSYS command
+// file and the native text and binary forms (vis_ConnectWrite -1, -2) of structured hexahedral
+// and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements, each timed on the wall clock
+// with its bytes and MB/s, beside the floor of the C library: formatting the same coordinates
+// with snprintf alone into a buffer ("%23.15E" as the deck's grid cards need them, "%16.9E" as
+// the command file's node lines), with no file and no element.
 //
 // Nodes lie on a grid of spacing 0.1 (reals with full 17-digit expansions); every node is a
 // grid point and every element a solid. The tetrahedral mesh splits each cell into six.
@@ -17,12 +17,14 @@
 #include "vis_ABAFwt.h"
 #include "vis_Connect.h"
 #include "vis_ConnectWrite.h"
+#include "vis_D3DFwt.h"
 #include "vis_EProp.h"
 #include "vis_LCase.h"
 #include "vis_MProp.h"
 #include "vis_ANSFwt.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
+#include "vis_PatLwt.h"
 #include "vis_RCase.h"
 #include "vsy_HashTable.h"
 
@@ -126,24 +128,32 @@ double SnprintfFloor(int n, const char* format, double* cpu)
     return Ms(t0);
 }
 
-/* The ABAQUS deck of the same model: time, bytes and MB/s. Its coordinates are the same
- * "%23.15E" conversions as the NASTRAN grid cards, so the snprintf floor is shared. */
-void Abaqus(vis_Model* model)
+/* A further deck of the same model by writer W: time, bytes and MB/s. */
+template <class W>
+void Solver(vis_Model* model, const char* label, const char* ext, W* (*make)(), void (*write)(W*, vis_Model*, const char*),
+            int (*error)(W*), void (*drop)(W*))
 {
-    const std::string deck = ScratchPath("inp");
+    const std::string deck = ScratchPath(ext);
     const char* path = deck.c_str();
-    vis_ABAFwt* aba = vis_ABAFwtNew();
+    W* writer = make();
     const Clock::time_point t0 = Clock::now();
     const double c0 = CpuMs();
-    vis_ABAFwtWriteModel(aba, model, path);
+    write(writer, model, path);
     const double ms = Ms(t0), cpu = CpuMs() - c0;
-    const int err = vis_ABAFwtError(aba);
-    vis_ABAFwtDelete(aba);
+    const int err = error(writer);
+    drop(writer);
     struct stat st {};
     stat(path, &st);
     std::remove(path);
-    std::printf("      %-8s %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s%s\n", "abaqus", ms, cpu, (long long)st.st_size,
+    std::printf("      %-8s %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s%s\n", label, ms, cpu, (long long)st.st_size,
                 st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
+}
+
+/* The ABAQUS deck of the same model. Its coordinates are the same "%23.15E" conversions as
+ * the NASTRAN grid cards, so the snprintf floor is shared. */
+void Abaqus(vis_Model* model)
+{
+    Solver(model, "abaqus", "inp", vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete);
 }
 
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
@@ -212,6 +222,8 @@ void Run(const char* kind, int n, bool tets)
                 kind, ne, nn, ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
                 err ? "  (write failed)" : "");
     Abaqus(model);
+    Solver(model, "ls-dyna", "k", vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete);
+    Solver(model, "patran", "out", vis_PatLwtNew, vis_PatLwtWriteModel, vis_PatLwtError, vis_PatLwtDelete);
     Form(c, -1, "text");
     Form(c, -2, "binary");
     Ansys(c, n);

@@ -6,6 +6,8 @@ const std::vector<TevMeshFormat>& TevMeshFormats::All()
         {18, "NASTRAN bulk data", "bdf"},
         {13, "ABAQUS input", "inp"},
         {22, "ANSYS commands", "ans"},
+        {25, "LS-DYNA keywords", "k"},
+        {20, "PATRAN neutral", "out"},
         {-1, "Connectivity, native text", "cnt"},
         {-2, "Connectivity, native binary", "cnb"},
         {-10, "Points and faces pair", ""},

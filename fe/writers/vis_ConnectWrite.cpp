@@ -3,8 +3,10 @@
 #include "vis_ABAFwt.h"
 #include "vis_ANSFwt.h"
 #include "vis_Connect.h"
+#include "vis_D3DFwt.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
+#include "vis_PatLwt.h"
 #include "vsy_Error.h"
 
 #include <cfloat>
@@ -161,6 +163,8 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     }
     switch (type) {
     case 13: Deck(connect, path, vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete); break;
+    case 20: Deck(connect, path, vis_PatLwtNew, vis_PatLwtWriteModel, vis_PatLwtError, vis_PatLwtDelete); break;
+    case 25: Deck(connect, path, vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete); break;
     case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
     case 22: Deck(connect, path, vis_ANSFwtNew, vis_ANSFwtWriteModel, vis_ANSFwtError, vis_ANSFwtDelete); break;
     case -1: Native(connect, path, 0); break;
