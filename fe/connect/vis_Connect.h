@@ -51,13 +51,16 @@
  * The derived groups and their parameters are in vis_ConnectGroup.h; their slots of the grid
  * function (15 to 18 and 20 to 22) are set by vis_ConnectGridFun.
  *
- * Not yet available: the objects below belong to parts of the library that do not exist yet.
- * Until they do, each operation behaves as it does when the object is absent:
- *   - `state` (coordinates held by a vis_State) stays null: the coordinate queries read the
- *     connect's own arrays;
- *   - `elemnorm` and `elemtang` (vis_ElemDat) stay null: vis_ConnectElemFaceNorm computes every
- *     normal from the coordinates, and nothing reads tangents;
- * vis_ConnectSetObject accepts only SYS_GRIDFUN for now, which keeps all of these null.
+ * Companion objects, attached with vis_ConnectSetObject and never owned:
+ *   - SYS_GRIDFUN, a vis_GridFun: the front above;
+ *   - SYS_STATE, a node vis_State of three or more components: vis_ConnectCoords (the float
+ *     query) reads the coordinates of the nodes it has set from it, the others from the
+ *     arrays; the double query reads the arrays, as before;
+ *   - SYS_ELEMNORM, a vis_ElemDat of face data (VIS_ELEMDAT_ENTITY SYS_FACE): for a face that
+ *     holds vectors there, vis_ConnectElemFaceNorm returns them instead of computing normals;
+ *   - SYS_ELEMTANG, a vis_ElemDat of edge data: the edge tangents.
+ * The native forms of vis_ConnectWrite write the faces and edges with vectors of both.
+ * The codes of SYS_STATE, SYS_ELEMNORM and SYS_ELEMTANG are this library's own.
  *
  * Departures on purpose from the rules this object follows:
  *   - A kernel that fails releases every table it built, so that a later call starts afresh
@@ -87,6 +90,9 @@ struct vsy_RedPre;
 /* Object type codes of vis_ConnectSetObject and vis_ConnectGetObject. */
 #define SYS_GRIDFUN 2070
 #define SYS_CONNECT 2080
+#define SYS_STATE 2410
+#define SYS_ELEMNORM 2541
+#define SYS_ELEMTANG 2542
 
 /* Attribute types 0 to VIS_CONNECT_MAXASSOC; the ones with a meaning of their own here. */
 #define VIS_CONNECT_MAXASSOC 42
@@ -153,7 +159,7 @@ typedef struct vis_Connect {
     int elemalloc;   /* allocated length of the per-element arrays */
     int dimension;   /* 0 until vis_ConnectSetDimension */
     vis_GridFun* gridfun;            /* front table, not owned */
-    struct vis_State* state;         /* coordinates held by a state: not attached here yet */
+    struct vis_State* state;         /* coordinates held by a node state, not owned */
     struct vis_ElemDat* elemnorm;    /* face normals per element, not owned */
     struct vis_ElemDat* elemtang;    /* edge tangents per element, not owned */
     struct vsy_HashTable* partnames; /* part id to an owned name */

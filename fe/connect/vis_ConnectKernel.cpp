@@ -1,5 +1,6 @@
 /* vis_ConnectKernel: the node-to-element table and the queries on it; see vis_ConnectKernel.h. */
 #include "vis_ConnectKernel.h"
+#include "vis_ElemDat.h"
 #include "vis_ConnectGroupInternal.h"
 #include "vis_ConnectInternal.h"
 
@@ -963,6 +964,14 @@ void vis_ConnectElemFaceNorm(vis_Connect* c, int id, int no, float* normal)
     int n = 0;
     vis_ConnectElemCon(c, SYS_FACE, id, no, &n, c->elnoix);
     if (n < 1) return;
+    /* Normals given with the mesh come first. */
+    if (c->elemnorm && n <= VIS_ELEM_MAXNODE && (vis_ElemDatFlags(c->elemnorm, id) >> (no - 1) & 1)) {
+        double given[3 * VIS_ELEM_MAXNODE];
+        if (vis_ElemDatEntdv(c->elemnorm, id, no, given)) {
+            for (int i = 0; i < 3 * n; ++i) normal[i] = (float)given[i];
+            return;
+        }
+    }
     float local[3 * VIS_ELEM_MAXFACENODE];
     float* x = n <= VIS_ELEM_MAXFACENODE ? local : (float*)vsy_Malloc((size_t)n * 3 * sizeof(float));
     if (!x) {

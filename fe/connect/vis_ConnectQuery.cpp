@@ -8,6 +8,7 @@
 #include "vsy_ChunkList.h"
 #include "vsy_Error.h"
 #include "vsy_RedPre.h"
+#include "vis_State.h"
 
 /* Unpacks n compact values into float or double. */
 static void vis_Connect_Unpack(vsy_RedPre* red, int n, const void* p, float* x)
@@ -63,6 +64,25 @@ int vis_Connect_CheckIds(vis_Connect* c, const char* name, int nix, const int* i
     return 1;
 }
 
+/* Coordinates of the nodes the attached state has set, over those read from the arrays. A
+ * state that is not over the nodes with three or more components is left unread. */
+static void vis_Connect_StateCoords(vis_Connect* c, int nix, const int* ix, float* x)
+{
+    int nument = 0, parent = 0, child = 0, datatype = 0, num = 0;
+    vis_StateInq(c->state, &nument, &parent, &child, &datatype);
+    vis_StateDataNum(c->state, &num);
+    if (parent != SYS_NODE || num < 3 || num > VIS_STATE_MAXCOMP) return;
+    double v[VIS_STATE_MAXCOMP];
+    for (int k = 0; k < nix; ++k) {
+        int set = 0;
+        if (ix[k] > nument) continue;
+        vis_StateDataStat(c->state, 1, ix + k, &set);
+        if (!set) continue;
+        vis_StateDatadv(c->state, 1, ix + k, v);
+        for (int a = 0; a < 3; ++a) x[3 * k + a] = (float)v[a];
+    }
+}
+
 void vis_ConnectCoords(vis_Connect* c, int nix, const int* ix, float* x)
 {
     if (vis_Connect_Null(c, "vis_ConnectCoords")) return;
@@ -72,6 +92,7 @@ void vis_ConnectCoords(vis_Connect* c, int nix, const int* ix, float* x)
     }
     if (!vis_Connect_CheckIds(c, "vis_ConnectCoords", nix, ix, 0) || !x) return;
     for (int k = 0; k < nix; ++k) vis_Connect_ReadNode(c, ix[k], x + 3 * k);
+    if (c->state) vis_Connect_StateCoords(c, nix, ix, x);
 }
 
 void vis_ConnectCoordsdv(vis_Connect* c, int nix, const int* ix, double* x)

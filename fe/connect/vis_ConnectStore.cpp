@@ -826,22 +826,30 @@ void vis_ConnectDelNode(vis_Connect* c, int id)
 void vis_ConnectSetObject(vis_Connect* c, int objtype, void* object)
 {
     if (vis_Connect_Null(c, "vis_ConnectSetObject")) return;
-    if (objtype != SYS_GRIDFUN) {
-        vsy_ErrorRecord(&c->ierr, "vis_ConnectSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
-        return;
+    switch (objtype) {
+    case SYS_GRIDFUN: c->gridfun = (vis_GridFun*)object; break;
+    case SYS_STATE: c->state = (vis_State*)object; break;
+    case SYS_ELEMNORM: c->elemnorm = (vis_ElemDat*)object; break;
+    case SYS_ELEMTANG: c->elemtang = (vis_ElemDat*)object; break;
+    default: vsy_ErrorRecord(&c->ierr, "vis_ConnectSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
     }
-    c->gridfun = (vis_GridFun*)object;
 }
 
 void vis_ConnectGetObject(vis_Connect* c, int objtype, void** object)
 {
     if (vis_Connect_Null(c, "vis_ConnectGetObject")) return;
     if (object) *object = nullptr;
-    if (objtype != SYS_GRIDFUN) {
+    void* found = nullptr;
+    switch (objtype) {
+    case SYS_GRIDFUN: found = c->gridfun; break;
+    case SYS_STATE: found = c->state; break;
+    case SYS_ELEMNORM: found = c->elemnorm; break;
+    case SYS_ELEMTANG: found = c->elemtang; break;
+    default:
         vsy_ErrorRecord(&c->ierr, "vis_ConnectGetObject", SYS_ERROR_OBJECTTYPE, "objecttype= %d", objtype);
         return;
     }
-    if (object) *object = c->gridfun;
+    if (object) *object = found;
 }
 
 void vis_ConnectSetParami(vis_Connect* c, int option, int value)

@@ -45,6 +45,9 @@ struct vis_GridFun;
 struct vis_Group;
 struct vsy_RedPre;
 
+/* Largest number of components per value (Scalars12). */
+#define VIS_STATE_MAXCOMP 12
+
 /* The child type of values per element face. */
 #define VIS_STATE_FACE 12
 

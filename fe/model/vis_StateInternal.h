@@ -6,7 +6,7 @@
 #include "vis_State.h"
 
 /* Largest components per value (general tensor 9, Scalars12 12) and children per element. */
-#define VIS_STATE_MAXNUM 12
+#define VIS_STATE_MAXNUM VIS_STATE_MAXCOMP
 #define VIS_STATE_MAXCHILD 64
 
 /* Class of the state's data type, as a class code. */

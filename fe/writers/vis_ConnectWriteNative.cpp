@@ -1,6 +1,8 @@
 /* The native connectivity format: one order of sections in text or binary. */
 #include "vis_Connect.h"
+#include "vis_ConnectKernel.h"
 #include "vis_ConnectWrite.h"
+#include "vis_ElemDat.h"
 #include "vsy_HashTable.h"
 
 #include <cstdint>
@@ -93,6 +95,47 @@ void Elements(vis_Connect* c, const Out& out)
     }
 }
 
+/* The vectors at the n nodes of a face or an edge: "%e %e %e\n" a node, or three double words
+ * when the coordinates are double (type 4), else three float words. */
+void Vectors(vis_Connect* c, const Out& out, const double* v, int n)
+{
+    for (int k = 0; k < n; ++k) {
+        const double* x = v + 3 * k;
+        if (!out.binary) {
+            std::fprintf(out.fp, "%e %e %e\n", x[0], x[1], x[2]);
+        } else if (c->type == 4) {
+            std::fwrite(x, 8, 3, out.fp);
+        } else {
+            const float xf[3] = {(float)x[0], (float)x[1], (float)x[2]};
+            std::fwrite(xf, 4, 3, out.fp);
+        }
+    }
+}
+
+/* The faces (SYS_FACE) or edges (SYS_EDGE) with vectors in `ed`, element by element: an edge
+ * element's head is its id and flag word, then every flagged edge's vectors; each face has a
+ * head of its own, element id and face number. */
+void Entities(vis_Connect* c, const Out& out, vis_ElemDat* ed, int enttype)
+{
+    int ne = 0;
+    vis_ConnectGetInteger(c, VIS_CONNECT_NUMELEM, &ne);
+    double v[3 * VIS_ELEM_MAXNODE];
+    int nodes[VIS_ELEM_MAXNODE];
+    for (int id = 1; ed && id <= ne; ++id) {
+        const int flags = vis_ElemDatFlags(ed, id);
+        if (flags == 0) continue;
+        if (enttype == SYS_EDGE) out.Ints({id, flags});
+        for (int no = 1; no <= 32; ++no) {
+            if (!(flags >> (no - 1) & 1)) continue;
+            int n = 0;
+            vis_ConnectElemCon(c, enttype, id, no, &n, nodes);
+            if (n < 1 || n > VIS_ELEM_MAXNODE || !vis_ElemDatEntdv(ed, id, no, v)) n = 0;
+            if (enttype == SYS_FACE) out.Ints({id, no});
+            Vectors(c, out, v, n);
+        }
+    }
+}
+
 /* Calls f(key, value) for every entry of a table, in slot order; nothing for no table. */
 template <class F>
 void EachEntry(vsy_HashTable* table, F f)
@@ -135,9 +178,11 @@ void vis_ConnectWrite_Native(vis_Connect* c, FILE* fp, int binary)
     Header(c, out);
     Nodes(c, out);
     Elements(c, out);
-    out.Ints({0, 0, 0});  /* node attributes are not written: their end only */
-    out.Ints({0, 0});     /* edge tangents: no vis_ElemDat can be attached yet */
-    out.Ints({0, 0});     /* face normals: likewise */
+    out.Ints({0, 0, 0}); /* node attributes are not written: their end only */
+    Entities(c, out, c->elemtang, SYS_EDGE);
+    out.Ints({0, 0});
+    Entities(c, out, c->elemnorm, SYS_FACE);
+    out.Ints({0, 0});
     PartNames(c, out);
     out.Ints({0, 0});
     PartSizes(c, out);

@@ -1,8 +1,12 @@
 // vis_ConnectWrite: the forms of the library itself, written by hand from the format rules, the
 // binary native form read back by a small reader, the NASTRAN road and the codes it refuses.
 #include "NASFwtTestSupport.h"
+#include "vis_ConnectKernel.h"
 #include "vis_ConnectWrite.h"
+#include "vis_ElemDat.h"
 #include "vis_ElemTopology.h"
+#include "vis_GridFun.h"
+#include "vis_State.h"
 
 #include <cstdint>
 #include <cstring>
@@ -334,6 +338,133 @@ TEST_F(ConnectWriteTest, ListingOfNineNodes)
     want += I8(50) + I8(4) + I8(1) + I8(2) + I8(3) + I8(4) + I8(5) + I8(6) + I8(7) + I8(8) + "\n" + I8(9) + "\n";
     want += "\n";
     EXPECT_EQ(ReadFile(path), want);
+}
+
+}  // namespace
+
+namespace {
+
+// A unit quadrilateral (1 2 3 4) with face normals of its own and the tangents of its edge 2.
+class NativeCompanionTest : public ConnectWriteTest {
+protected:
+    void SetUp() override
+    {
+        ConnectWriteTest::SetUp();
+        c = BuildMesh({{{0, 0, 0}, 1, 0, 0}, {{1, 0, 0}, 2, 0, 0}, {{1, 1, 0}, 3, 0, 0}, {{0, 1, 0}, 4, 0, 0}},
+                      {{SYS_SHAPE_QUAD, 0, 0, 0, 0, 0, {1, 2, 3, 4}}});
+        gf = vis_GridFunNew();
+        vis_ConnectGridFun(c, gf);
+        for (vis_ElemDat** ed : {&norm, &tang}) {
+            *ed = vis_ElemDatNew();
+            vis_ElemDatDef(*ed, 1, 0, 1);
+            vis_ElemDatSetObject(*ed, SYS_GRIDFUN, gf);
+        }
+        vis_ElemDatSetParami(norm, VIS_ELEMDAT_ENTITY, SYS_FACE);
+        vis_ElemDatSetParami(tang, VIS_ELEMDAT_ENTITY, SYS_EDGE);
+        const double n[12] = {0, 0, 1, 0, 0, 1, 0, 0.6, 0.8, 0, 0, 1}, t[6] = {0, 1, 0, 0, 1, 0};
+        vis_ElemDatSetEntdv(norm, 1, 1, n);
+        vis_ElemDatSetEntdv(tang, 1, 2, t);
+        vis_ConnectSetObject(c, SYS_ELEMNORM, norm);
+        vis_ConnectSetObject(c, SYS_ELEMTANG, tang);
+    }
+    void TearDown() override
+    {
+        vis_ElemDatDelete(norm);
+        vis_ElemDatDelete(tang);
+        vis_GridFunDelete(gf);
+        ConnectWriteTest::TearDown();
+    }
+    vis_GridFun* gf = nullptr;
+    vis_ElemDat* norm = nullptr;
+    vis_ElemDat* tang = nullptr;
+};
+
+TEST_F(NativeCompanionTest, TextWithTangentsAndNormals)
+{
+    const std::string path = File("companions.txt");
+    vis_ConnectWrite(c, -1, path.c_str());
+    ExpectNoReport();
+    const std::string z = "0.000000e+00", one = "1.000000e+00";
+    std::string want = "1 4 1 4 423 0 0\n0 0 0 0 0 0 0 0\n";
+    for (int i = 0; i < 8; ++i) want += z + (i < 7 ? " " : "\n");
+    want += "1 " + z + " " + z + " " + z + "\n2 " + one + " " + z + " " + z + "\n";
+    want += "3 " + one + " " + one + " " + z + "\n4 " + z + " " + one + " " + z + "\n";
+    want += "1 3 0 0 0 4\n1 2 3 4 \n";  // id, shape 3 (quadrilateral), maxi, maxj, maxk, four nodes
+    want += "0 0 0\n";
+    // Tangents: element 1 with flag word 2 (edge 2), then "%e %e %e" at the edge's two nodes.
+    want += "1 2\n" + z + " " + one + " " + z + "\n" + z + " " + one + " " + z + "\n0 0\n";
+    // Normals: element 1, face 1, then its four nodes.
+    want += "1 1\n";
+    want += z + " " + z + " " + one + "\n" + z + " " + z + " " + one + "\n";
+    want += z + " 6.000000e-01 8.000000e-01\n" + z + " " + z + " " + one + "\n0 0\n";
+    want += "0 0\n0 0 0 0\n";
+    EXPECT_EQ(ReadFile(path), want);
+}
+
+TEST_F(NativeCompanionTest, BinaryWithTangentsAndNormals)
+{
+    const std::string path = File("companions.bin");
+    vis_ConnectWrite(c, -2, path.c_str());
+    ExpectNoReport();
+    Reader r{ReadFile(path)};
+    for (int i = 0; i < 15; ++i) r.Int();  // the two integer headers
+    for (int i = 0; i < 8; ++i) r.Real(4);
+    for (int i = 0; i < 4; ++i) {  // nodes: id and three doubles (precision 4)
+        EXPECT_EQ(r.Int(), i + 1);
+        for (int a = 0; a < 3; ++a) r.Real(8);
+    }
+    for (int i = 0; i < 10; ++i) r.Int();  // the element: six words and four nodes
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(r.Int(), 0);
+    EXPECT_EQ(r.Int(), 1);  // element 1, flag word 2
+    EXPECT_EQ(r.Int(), 2);
+    const double t[6] = {0, 1, 0, 0, 1, 0};
+    for (double v : t) EXPECT_EQ(r.Real(8), v);
+    EXPECT_EQ(r.Int(), 0);
+    EXPECT_EQ(r.Int(), 0);
+    EXPECT_EQ(r.Int(), 1);  // element 1, face 1
+    EXPECT_EQ(r.Int(), 1);
+    const double n[12] = {0, 0, 1, 0, 0, 1, 0, 0.6, 0.8, 0, 0, 1};
+    for (double v : n) EXPECT_EQ(r.Real(8), v);
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(r.Int(), 0);  // the three end markers
+    EXPECT_TRUE(r.ok);
+    EXPECT_EQ(r.at, r.bytes.size());
+}
+
+TEST_F(NativeCompanionTest, QueriesReadTheCompanions)
+{
+    // The given normals of face 1 come back from the query, node 3's tilted one included.
+    float normal[12] = {};
+    vis_ConnectElemFaceNorm(c, 1, 1, normal);
+    EXPECT_FLOAT_EQ(normal[7], 0.6f);
+    EXPECT_FLOAT_EQ(normal[8], 0.8f);
+    // Without them the normals are computed: (0 0 1) at node 3 too.
+    vis_ConnectSetObject(c, SYS_ELEMNORM, nullptr);
+    vis_ConnectElemFaceNorm(c, 1, 1, normal);
+    EXPECT_FLOAT_EQ(normal[7], 0.0f);
+    EXPECT_FLOAT_EQ(normal[8], 1.0f);
+    // A node state moves node 2 for the float query only; node 1, unset there, keeps its place.
+    vis_State* s = vis_StateNew();
+    vis_StateDef(s, 4, SYS_NODE, 0, 1);
+    vis_StateClear(s);
+    const double moved[3] = {5, 6, 7};
+    vis_StateSetDatadv(s, 2, moved);
+    vis_ConnectSetObject(c, SYS_STATE, s);
+    const int ids[2] = {1, 2};
+    float x[6] = {};
+    double xd[6] = {};
+    vis_ConnectCoords(c, 2, ids, x);
+    vis_ConnectCoordsdv(c, 2, ids, xd);
+    EXPECT_EQ(x[0], 0.0f);
+    EXPECT_EQ(x[3], 5.0f);
+    EXPECT_EQ(x[5], 7.0f);
+    EXPECT_EQ(xd[3], 1.0);  // the double query reads the arrays
+    void* got = nullptr;
+    vis_ConnectGetObject(c, SYS_STATE, &got);
+    EXPECT_EQ(got, s);
+    vis_ConnectSetObject(c, SYS_STATE, nullptr);
+    vis_StateDelete(s);
+    vis_ConnectSetObject(c, 2090, nullptr);
+    ExpectOnlyReport("vis_ConnectSetObject", SYS_ERROR_OBJECTTYPE, "objecttype= 2090");
 }
 
 }  // namespace
