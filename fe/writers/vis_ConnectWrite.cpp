@@ -5,6 +5,7 @@
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vis_OBJFwt.h"
+#include "vis_SDRCLwt.h"
 #include "vis_STLFwt.h"
 #include "vsy_Error.h"
 
@@ -163,6 +164,7 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     switch (type) {
     case 13: Deck(connect, path, vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete); break;
     case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
+    case 14: Deck(connect, path, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete); break;
     case 11: Deck(connect, path, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete); break;
     case 41: Deck(connect, path, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete); break;
     case -1: Native(connect, path, 0); break;

@@ -1,0 +1,41 @@
+/* vis_SDRCLwtInternal: the datasets of the universal file, one group per source file, and the
+ * small helpers they share. */
+#ifndef VIS_SDRCLWTINTERNAL_H
+#define VIS_SDRCLWTINTERNAL_H
+
+#include "vis_SDRCLwt.h"
+#include "vsy_HashTable.h"
+
+#include <cstdio>
+
+/* Nodes 2411 and elements 2412 (vis_SDRCLwtMesh.cpp). */
+void vis_SDRCLwt_Nodes(vis_SDRCLwt* sdrc);
+void vis_SDRCLwt_Elems(vis_SDRCLwt* sdrc);
+/* Loads 790 and 792, restraints 791, constraints 751 (vis_SDRCLwtCase.cpp). */
+void vis_SDRCLwt_Loads(vis_SDRCLwt* sdrc);
+void vis_SDRCLwt_Restraints(vis_SDRCLwt* sdrc);
+void vis_SDRCLwt_Constraints(vis_SDRCLwt* sdrc);
+
+/* "    -1\n" and the dataset number in six columns. */
+void vis_SDRCLwt_Open(FILE* fp, int dataset);
+/* "    -1\n". */
+void vis_SDRCLwt_Close(FILE* fp);
+/* A real as "%25s" (width 25) or "%13s" (width 13) of vsy_RealToExp(v, width, 2, 1, 0). */
+void vis_SDRCLwt_Real(FILE* fp, double value, int width);
+
+/* Calls f(key, object) for every object of a model table in ascending key order. */
+template <class F>
+void vis_SDRCLwt_Ordered(vsy_HashTable* tab, F f)
+{
+    if (!tab) return;
+    vsy_HashTableInitIterOrder(tab);
+    for (;;) {
+        int key = 0;
+        void* value = nullptr;
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) return;
+        f(key, value);
+    }
+}
+
+#endif
