@@ -5,9 +5,14 @@
  * when it holds a force and for the moment components when it holds a moment.
  * 792, nodal temperatures (concentrated loads of type 4): "%10d%10d\n" with the case and 1,
  * "TEMPERATURE SET %d\n", then per node "%10d" with its id and "%25s" with the value.
- * Face loads and the other distributed loads are not written: the integer columns of their
- * records are not built yet.
+ * 790 of form 2, pressures on element faces, and of form 4, pressures on element edges: per
+ * loaded face or edge "%10d%10d%10d%10d\n" with the element id, colour 1, the face or edge
+ * number (from 1, in this system's numbering) and the number of corner values; the corner
+ * values "%25s" on one line (three for a triangular face, four for a quadrilateral one, two
+ * for an edge); "%10d\n" with 0, the time variation. Tractions, heat fluxes and convection
+ * are not written.
  */
+#include "vis_ElemTopology.h"
 #include "vis_LCase.h"
 #include "vis_MCase.h"
 #include "vis_RCase.h"
@@ -54,6 +59,47 @@ void Forces(vis_SDRCLwt* sdrc, int key, vis_LCase* lc)
         std::fprintf(fp, "%10d%10d%2d%2d%2d%2d%2d%2d\n", vis_Writer_NodeId(&sdrc->w, n), 1, f, f, f, m, m, m);
         Six(fp, v);
         Zeros(fp);
+    }
+    if (open) vis_SDRCLwt_Close(fp);
+}
+
+/* Corners of face or edge `no` of element e: 2 for an edge, 3 or 4 for a face; 0 when it has
+ * no such face. */
+int Corners(vis_Writer* w, int entity, int e, int no)
+{
+    if (entity == SYS_EDGE) return 2;
+    int shape = 0, maxi = 0, maxj = 0, maxk = 0, fshape = -1, fmaxi = 0, fmaxj = 0;
+    vis_Writer_Topology(w, e, &shape, &maxi, &maxj, &maxk);
+    vis_ElemFaceTopo(shape, maxi, maxj, maxk, no - 1, &fshape, &fmaxi, &fmaxj);
+    return fshape == SYS_SHAPE_TRI ? 3 : fshape == SYS_SHAPE_QUAD ? 4 : 0;
+}
+
+/* Pressures on faces (form 2) or edges (form 4). */
+void Pressures(vis_SDRCLwt* sdrc, int key, vis_LCase* lc, int entity)
+{
+    FILE* fp = sdrc->w.fp;
+    int max = 0;
+    vis_LCaseDistMax(lc, entity, 2, &max);
+    if (max > sdrc->w.numel) max = sdrc->w.numel;
+    const int nmax = entity == SYS_FACE ? 6 : 12;
+    bool open = false;
+    for (int e = 1; e <= max; ++e) {
+        int flags = 0;
+        vis_LCaseDistFlag(lc, entity, e, 2, &flags);
+        for (int no = 1; no <= nmax; ++no) {
+            const int nc = (flags >> (no - 1)) & 1 ? Corners(&sdrc->w, entity, e, no) : 0;
+            if (nc == 0) continue;
+            if (!open) {
+                vis_SDRCLwt_Open(fp, 790);
+                std::fprintf(fp, "%10d%10d\nLOAD SET %d\n", key, entity == SYS_FACE ? 2 : 4, key);
+                open = true;
+            }
+            double v[4] = {0, 0, 0, 0};
+            vis_LCaseDistdv(lc, entity, e, no, 2, v);
+            std::fprintf(fp, "%10d%10d%10d%10d\n", vis_Writer_ElemId(&sdrc->w, e), 1, no, nc);
+            for (int i = 0; i < nc; ++i) vis_SDRCLwt_Real(fp, v[i], 25);
+            std::fprintf(fp, "\n%10d\n", 0);
+        }
     }
     if (open) vis_SDRCLwt_Close(fp);
 }
@@ -162,6 +208,8 @@ void vis_SDRCLwt_Loads(vis_SDRCLwt* sdrc)
 {
     vis_SDRCLwt_Ordered(sdrc->lcase, [sdrc](int key, void* v) {
         Forces(sdrc, key, static_cast<vis_LCase*>(v));
+        Pressures(sdrc, key, static_cast<vis_LCase*>(v), SYS_FACE);
+        Pressures(sdrc, key, static_cast<vis_LCase*>(v), SYS_EDGE);
         Temperatures(sdrc, key, static_cast<vis_LCase*>(v));
     });
 }

@@ -2,6 +2,8 @@
 // hand from the dataset rules; units codes; the two options; the frame's failures.
 #include "SDRCLwtTestSupport.h"
 #include "vis_ConnectWrite.h"
+#include "vis_LCase.h"
+#include "vis_RCase.h"
 #include "vis_Units.h"
 
 using namespace nastest;
@@ -220,6 +222,41 @@ TEST_F(SDRCLwtTest, UnitsCodes)
     EXPECT_EQ(UnitsLine(model, File("u.unv")), I10(9) + std::string(20, ' ') + I10(2) + "\n");
     vis_UnitsDelete(u);
     ExpectNoReport();
+}
+
+TEST_F(SDRCLwtTest, EdgePressuresTriangularFacesAndTemperatureRestraints)
+{
+    // A shell triangle (id 1) and a tetrahedron (id 2) over nodes 101 to 104.
+    Use(ShapeMesh({{SYS_SHAPE_TRI, 0, 0, 2, 0, 0}, {SYS_SHAPE_TET, 0, 0, 1, 0, 0}}));
+    vis_LCase* lc = vis_LCaseNew();
+    const double edge[2] = {5, 6}, face[4] = {7, 8, 9, 10};
+    vis_LCaseSetDistdv(lc, SYS_EDGE, 1, 2, 2, edge);
+    vis_LCaseSetDistdv(lc, SYS_FACE, 2, 1, 2, face);
+    vis_RCase* rc = vis_RCaseNew();
+    vis_RCaseSetSPCdv(rc, 2, 7, 2, 300.0);
+    vsy_HashTable* lt = vsy_HashTableNew();
+    vsy_HashTable* rt = vsy_HashTableNew();
+    vsy_HashTableInsert(lt, 4, lc);
+    vsy_HashTableInsert(rt, 9, rc);
+    vis_ModelSetHashTable(model, SYS_LCASE, lt);
+    vis_ModelSetHashTable(model, SYS_RCASE, rt);
+    const std::string file = WriteUnv(model, File("l.unv"));
+    // Face 1 of the tetrahedron is a triangle: three of its four values. Form 2 comes before the
+    // edge pressures of form 4; each record ends with the time variation 0.
+    std::string want = Open(790) + I10s({4, 2}) + "LOAD SET 4\n" + I10s({2, 1, 1, 3}) + E25("7", 0) + E25("8", 0) +
+                       E25("9", 0) + "\n" + I10s({0}) + kFence;
+    want += Open(790) + I10s({4, 4}) + "LOAD SET 4\n" + I10s({1, 1, 2, 2}) + E25("5", 0) + E25("6", 0) + "\n" +
+            I10s({0}) + kFence;
+    // Temperature (tag 7) is the case's only tag: kind 2, node 102 with its value 300.
+    want += Open(791) + I10s({9, 2}) + "RESTRAINT SET 9\n" + I10s({102, 2, 0}) + E25("3", 2) + "\n" + kFence;
+    const size_t at = file.find(Open(790));
+    ASSERT_NE(at, std::string::npos);
+    EXPECT_EQ(file.substr(at), want);
+    ExpectNoReport();
+    vsy_HashTableDelete(lt);
+    vsy_HashTableDelete(rt);
+    vis_LCaseDelete(lc);
+    vis_RCaseDelete(rc);
 }
 
 TEST_F(SDRCLwtTest, FrameFailuresAndCreation)

@@ -72,6 +72,12 @@ TEST_F(SDRCLwtFixtureTest, WholeFile)
     want += I10(1003) + I10(1) + " 1 1 1 0 0 0\n" + z + z + E25("-5", 2) + "\n" + z + z + z + "\n" + I10s({0, 0, 0, 0, 0, 0});
     want += I10(1011) + I10(1) + " 0 0 0 1 1 1\n" + z + z + z + "\n" + z + E25("1", 1) + z + "\n" + I10s({0, 0, 0, 0, 0, 0});
     want += kFence;
+    // Pressures on faces, form 2: face 1 of E1 (a quadrilateral, four corner values 1e5 1e5 2e5
+    // 2e5) and face 6 of the hexahedron E3 (a quadrilateral face, 3e5 at each corner).
+    want += Open(790) + I10s({100, 2}) + "LOAD SET 100\n";
+    want += I10s({2001, 1, 1, 4}) + E25("1", 5) + E25("1", 5) + E25("2", 5) + E25("2", 5) + "\n" + I10s({0});
+    want += I10s({2003, 1, 6, 4}) + E25("3", 5) + E25("3", 5) + E25("3", 5) + E25("3", 5) + "\n" + I10s({0});
+    want += kFence;
     want += Open(792) + I10s({100, 1}) + "TEMPERATURE SET 100\n";
     for (int i = 1; i <= 6; ++i) want += I10(kNodeIdBase + i) + E25("2." + std::to_string(i), 1) + "\n";
     want += kFence;
