@@ -1,4 +1,4 @@
-// Writer benchmark: the NASTRAN deck, the ABAQUS deck and the native text and binary forms
+// Writer benchmark: the NASTRAN deck, the ABAQUS deck, the universal file and the native text and binary forms
 // (vis_ConnectWrite -1, -2) of structured hexahedral and tetrahedral meshes of about 10^4, 10^5
 // and 10^6 elements, each timed on the wall clock with its bytes and MB/s, beside
 // the floor of the C library: formatting the same coordinates with snprintf("%23.15E") alone
@@ -10,6 +10,8 @@
 // property and one material on every element, a pressure on the top face of every element of
 // the top layer (n^2 PLOAD4) and every bottom node fixed in six dofs (n+1 squared SPC); the
 // cards' share, the difference of both, may not pass the mesh-only time.
+// The surface writers (STL text and binary, OBJ) take a shell mesh of m x m quadrilaterals,
+// about 10^4, 10^5 and 10^6 of them (m 100, 316, 1000), since a solid mesh has no facets.
 // Run: bench_writers [largest n]. Build in Release for meaningful numbers. The decks go to
 // bench_writers.<pid>.* in /dev/shm (else /tmp) and are removed. Processor times stand beside
 // the wall times: on a shared machine they vary less.
@@ -21,6 +23,9 @@
 #include "vis_MProp.h"
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
+#include "vis_OBJFwt.h"
+#include "vis_SDRCLwt.h"
+#include "vis_STLFwt.h"
 #include "vis_RCase.h"
 #include "vsy_HashTable.h"
 
@@ -143,6 +148,67 @@ void Abaqus(vis_Model* model)
                 st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
 }
 
+/* One writer W on the model: time, bytes and MB/s, as the ABAQUS line. */
+template <class W>
+void Timed(const char* label, vis_Model* model, W* (*make)(), void (*write)(W*, vis_Model*, const char*),
+           int (*error)(W*), void (*drop)(W*), void (*options)(W*) = nullptr)
+{
+    const std::string out = ScratchPath(label);
+    const char* path = out.c_str();
+    W* w = make();
+    if (options) options(w);
+    const Clock::time_point t0 = Clock::now();
+    const double c0 = CpuMs();
+    write(w, model, path);
+    const double ms = Ms(t0), cpu = CpuMs() - c0;
+    const int err = error(w);
+    drop(w);
+    struct stat st {};
+    stat(path, &st);
+    std::remove(path);
+    std::printf("      %-8s %9.1f ms (cpu %7.1f) %11lld B %8.1f MB/s%s\n", label, ms, cpu, (long long)st.st_size,
+                st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
+}
+
+/* A shell mesh of m x m quadrilaterals on a gently curved sheet, every element a shell. */
+vis_Connect* ShellMesh(int m)
+{
+    const int nn = (m + 1) * (m + 1), ne = m * m;
+    vis_Connect* c = vis_ConnectNew();
+    vis_ConnectDef(c, nn, ne);
+    for (int j = 0; j <= m; ++j)
+        for (int i = 0; i <= m; ++i) {
+            const double x[3] = {0.1 * i, 0.1 * j, 0.001 * i * j / m};
+            const int id = 1 + i + (m + 1) * j;
+            vis_ConnectSetCoordsdv(c, id, x);
+            vis_ConnectSetNodeAssoc(c, 0, id, 1);
+        }
+    for (int e = 1, j = 0; j < m; ++j)
+        for (int i = 0; i < m; ++i, ++e) {
+            const int a = 1 + i + (m + 1) * j, v[4] = {a, a + 1, a + m + 2, a + m + 1};
+            vis_ConnectSetTopology(c, e, SYS_SHAPE_QUAD, 0, 0, 0);
+            vis_ConnectSetElemNode(c, e, v);
+            vis_ConnectSetElemAssoc(c, 0, e, 2);
+        }
+    return c;
+}
+
+void RunFacets(int m)
+{
+    vis_Connect* c = ShellMesh(m);
+    vis_Model* model = vis_ModelNew();
+    vis_ModelSetObject(model, SYS_CONNECT, c);
+    std::printf("shell %9d elems %9d nodes\n", m * m, (m + 1) * (m + 1));
+    Timed<vis_STLFwt>("stl", model, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete);
+    Timed<vis_STLFwt>("stl-bin", model, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete,
+                      [](vis_STLFwt* w) { w->form = VIS_STLFWT_BINARY; });
+    Timed<vis_OBJFwt>("obj", model, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete);
+    Timed<vis_SDRCLwt>("unv", model, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete);
+    std::fflush(stdout);
+    vis_ModelDelete(model);
+    vis_ConnectDelete(c);
+}
+
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
 void Form(vis_Connect* c, int type, const char* label)
 {
@@ -184,6 +250,7 @@ void Run(const char* kind, int n, bool tets)
                 kind, ne, nn, ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
                 err ? "  (write failed)" : "");
     Abaqus(model);
+    Timed<vis_SDRCLwt>("unv", model, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete);
     Form(c, -1, "text");
     Form(c, -2, "binary");
     std::fflush(stdout);
@@ -268,6 +335,9 @@ int main(int argc, char** argv)
         if (hex[i] <= nmax) Run("hex", hex[i], false);
     for (int i = 0; i < 3; ++i)
         if (tet[i] <= nmax) Run("tet", tet[i], true);
+    const int shell[3] = {100, 316, 1000}; /* m^2 quadrilaterals: 10^4, 99856, 10^6 */
+    for (int i = 0; i < 3; ++i)
+        if (hex[i] <= nmax) RunFacets(shell[i]);
     for (int i = 2; i >= 0; --i)
         if (hex[i] <= nmax) {
             RunCards(hex[i]);
