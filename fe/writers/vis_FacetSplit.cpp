@@ -2,6 +2,7 @@
 
 #include "vis_ElemTopology.h"
 
+#include <charconv>
 #include <cmath>
 
 namespace {
@@ -66,4 +67,11 @@ void vis_FacetSplit_Normal(const vis_FacetSplit* f, int k, float n[3])
     const float len = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
     if (len == 0.0f) return;
     for (int i = 0; i < 3; ++i) n[i] /= len;
+}
+
+int vis_FacetSplit_Text(double value, int fixed, char* out)
+{
+    const std::chars_format form = fixed ? std::chars_format::fixed : std::chars_format::scientific;
+    const std::to_chars_result r = std::to_chars(out, out + 340, value, form, 6);
+    return static_cast<int>(r.ptr - out);
 }

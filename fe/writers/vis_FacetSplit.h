@@ -32,4 +32,9 @@ int vis_FacetSplit_Element(vis_Writer* w, int elem, int stl, vis_FacetSplit* f);
  * single precision; left unscaled when its length is 0. */
 void vis_FacetSplit_Normal(const vis_FacetSplit* f, int k, float n[3]);
 
+/* The C library's "%f" (fixed non-zero) or "%e" text of a value, six decimals, at `out` with
+ * no terminator; returns its length, at most 330 for "%f" of the largest double, so `out`
+ * holds 340 bytes. */
+int vis_FacetSplit_Text(double value, int fixed, char* out);
+
 #endif

@@ -26,7 +26,12 @@ void Vertices(vis_Writer* w)
     for (int n = 1; n <= w->numnp; ++n) {
         double x[3];
         vis_Writer_Coords(w, n, x);
-        std::fprintf(w->fp, "v %e %e %e\n", static_cast<float>(x[0]), static_cast<float>(x[1]), static_cast<float>(x[2]));
+        char line[4 * 340];
+        int len = 0;
+        line[len++] = 'v';
+        for (double v : x) line[len++] = ' ', len += vis_FacetSplit_Text(static_cast<float>(v), 0, line + len);
+        line[len++] = '\n';
+        vis_Writer_Put(w->fp, line, len);
     }
     for (int n = 1; n <= w->numnp; ++n)
         if (vis_Writer_NodeAssoc(w, 17, n) || vis_Writer_NodeAssoc(w, 33, n)) std::fprintf(w->fp, "p %d\n", n);

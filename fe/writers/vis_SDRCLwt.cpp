@@ -193,11 +193,20 @@ void vis_SDRCLwt_Close(FILE* fp)
     std::fputs("    -1\n", fp);
 }
 
-void vis_SDRCLwt_Real(FILE* fp, double value, int width)
+int vis_SDRCLwt_RealText(double value, int width, char* out)
 {
     char text[VSY_REALTEXT_LEN];
-    vsy_RealToExp(value, width, 2, 1, 0, text);
-    std::fprintf(fp, width == 13 ? "%13s" : "%25s", text);
+    const int len = vsy_RealToExpLen(value, width, 2, 1, 0, text);
+    const int pad = len < width ? width - len : 0;
+    std::memset(out, ' ', static_cast<size_t>(pad));
+    std::memcpy(out + pad, text, static_cast<size_t>(len));
+    return pad + len;
+}
+
+void vis_SDRCLwt_Real(FILE* fp, double value, int width)
+{
+    char text[40];
+    vis_Writer_Put(fp, text, vis_SDRCLwt_RealText(value, width, text));
 }
 
 vis_SDRCLwt* vis_SDRCLwtNew(void)

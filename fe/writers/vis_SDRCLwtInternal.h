@@ -22,6 +22,9 @@ void vis_SDRCLwt_Open(FILE* fp, int dataset);
 void vis_SDRCLwt_Close(FILE* fp);
 /* A real as "%25s" (width 25) or "%13s" (width 13) of vsy_RealToExp(v, width, 2, 1, 0). */
 void vis_SDRCLwt_Real(FILE* fp, double value, int width);
+/* The same text at `out`, no terminator; returns its length (the width, or more for a text that
+ * does not fit). `out` holds 40 bytes. */
+int vis_SDRCLwt_RealText(double value, int width, char* out);
 
 /* Calls f(key, object) for every object of a model table in ascending key order. */
 template <class F>

@@ -1,7 +1,7 @@
 /* Nodes (dataset 2411) and elements (dataset 2412). */
 #include "vis_ElemTopology.h"
 #include "vis_SDRCLwtInternal.h"
-#include "vsy_RealText.h"
+#include "vsy_Field.h"
 
 #include <cstring>
 
@@ -95,12 +95,24 @@ int Fill(int shape, int maxi, int maxj, int num, int* nodes)
     return nc + ne;
 }
 
-void NodeLines(FILE* fp, const Row& r, const int* nodes)
+/* "%10d" of each value, then "\n"; `line` holds 22 bytes per value and one more. */
+int IntLine(char* line, int n, const int* values)
 {
+    int len = 0;
+    for (int i = 0; i < n; ++i) len += vsy_FieldIntText(values[i], 10, line + len);
+    line[len++] = '\n';
+    return len;
+}
+
+/* The node lines of a row: "%10d" eight to a line, the last line closed. */
+int NodeLines(char* line, const Row& r, const int* nodes)
+{
+    int len = 0;
     for (int i = 0; i < r.npos; ++i) {
-        std::fprintf(fp, "%10d", nodes[r.pos[i]]);
-        if (i % 8 == 7 || i + 1 == r.npos) std::fputc('\n', fp);
+        len += vsy_FieldIntText(nodes[r.pos[i]], 10, line + len);
+        if (i % 8 == 7 || i + 1 == r.npos) line[len++] = '\n';
     }
+    return len;
 }
 
 void Elem(vis_SDRCLwt* sdrc, int e)
@@ -118,10 +130,13 @@ void Elem(vis_SDRCLwt* sdrc, int e)
     if (r.descriptor == 0 || r.npos > num) return;
     vis_Writer_NodeIds(w, num, nodes);
     const int matl = r.rigid ? 0 : vis_Writer_ElemAssoc(w, 1, e);
-    std::fprintf(w->fp, "%10d%10d%10d%10d%10d%10d\n", vis_Writer_ElemId(w, e), r.descriptor,
-                 vis_Writer_ElemAssoc(w, 2, e), matl, 1, r.npos);
-    if (r.beamline) std::fprintf(w->fp, "%10d%10d%10d\n", 0, 1, 1);
-    NodeLines(w->fp, r, nodes);
+    const int record[6] = {vis_Writer_ElemId(w, e), r.descriptor, vis_Writer_ElemAssoc(w, 2, e), matl, 1, r.npos};
+    static const int beam[3] = {0, 1, 1};
+    char line[32 * (VIS_ELEM_MAXNODE + 12)];
+    int len = IntLine(line, 6, record);
+    if (r.beamline) len += IntLine(line + len, 3, beam);
+    len += NodeLines(line + len, r, nodes);
+    vis_Writer_Put(w->fp, line, len);
 }
 
 }  // namespace
@@ -141,9 +156,12 @@ void vis_SDRCLwt_Nodes(vis_SDRCLwt* sdrc)
             if (ft[i] == 0) continue;
             double x[3];
             vis_Writer_Coords(w, first + i, x);
-            std::fprintf(w->fp, "%10d%10d%10d%10d\n", id[i], 0, cs[i], 1);
-            for (int a = 0; a < 3; ++a) vis_SDRCLwt_Real(w->fp, x[a], 25);
-            std::fputc('\n', w->fp);
+            const int record[4] = {id[i], 0, cs[i], 1};
+            char line[200];
+            int len = IntLine(line, 4, record);
+            for (int a = 0; a < 3; ++a) len += vis_SDRCLwt_RealText(x[a], 25, line + len);
+            line[len++] = '\n';
+            vis_Writer_Put(w->fp, line, len);
         }
     }
     vis_SDRCLwt_Close(w->fp);

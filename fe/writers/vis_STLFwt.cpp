@@ -10,16 +10,26 @@ namespace {
 
 const char* const kWriteModel = "vis_STLFwtWriteModel";
 
+/* " facet normal %f %f %f\n" ... " endfacet\n", built in one buffer. */
 void TextFacet(FILE* fp, const vis_FacetSplit& f, int k)
 {
+    char line[8 * 340];
     float n[3];
     vis_FacetSplit_Normal(&f, k, n);
-    std::fprintf(fp, " facet normal %f %f %f\n  outer loop\n", n[0], n[1], n[2]);
-    for (int v = 0; v < 3; ++v) {
-        const float* x = f.x[f.facet[k][v]];
-        std::fprintf(fp, "   vertex %e %e %e\n", x[0], x[1], x[2]);
+    int len = 0;
+    auto put = [&](const char* text) {
+        while (*text) line[len++] = *text++;
+    };
+    put(" facet normal");
+    for (float v : n) line[len++] = ' ', len += vis_FacetSplit_Text(v, 1, line + len);
+    put("\n  outer loop\n");
+    for (int c = 0; c < 3; ++c) {
+        put("   vertex");
+        for (int a = 0; a < 3; ++a) line[len++] = ' ', len += vis_FacetSplit_Text(f.x[f.facet[k][c]][a], 0, line + len);
+        line[len++] = '\n';
     }
-    std::fputs("  endloop\n endfacet\n", fp);
+    put("  endloop\n endfacet\n");
+    vis_Writer_Put(fp, line, len);
 }
 
 void Text(vis_Writer* w)
