@@ -115,22 +115,36 @@ int NodeLines(char* line, const Row& r, const int* nodes)
     return len;
 }
 
-void Elem(vis_SDRCLwt* sdrc, int e)
+/* The associations of a block of elements, read together. */
+struct Block {
+    int featype[VIS_WRITER_BLOCK], feaspec[VIS_WRITER_BLOCK], featwod[VIS_WRITER_BLOCK];
+    int matlid[VIS_WRITER_BLOCK], propid[VIS_WRITER_BLOCK], id[VIS_WRITER_BLOCK];
+};
+
+void ReadBlock(vis_Writer* w, int first, int n, Block* b)
 {
-    vis_Writer* w = &sdrc->w;
-    const int featype = vis_Writer_ElemAssoc(w, 0, e);
-    if (featype == 0) return;
+    vis_Writer_ElemAssocs(w, 0, first, n, b->featype);
+    vis_Writer_ElemAssocs(w, 12, first, n, b->feaspec);
+    vis_Writer_ElemAssocs(w, 25, first, n, b->featwod);
+    vis_Writer_ElemAssocs(w, 1, first, n, b->matlid);
+    vis_Writer_ElemAssocs(w, 2, first, n, b->propid);
+    vis_Writer_ElemIds(w, first, n, b->id);
+}
+
+/* Element e, the i-th of its block. */
+void Elem(vis_Writer* w, int e, const Block& b, int i)
+{
+    if (b.featype[i] == 0) return;
     int shape = 0, maxi = 0, maxj = 0, maxk = 0, num = 0;
     int nodes[VIS_ELEM_MAXNODE];
     vis_Writer_Topology(w, e, &shape, &maxi, &maxj, &maxk);
     vis_Writer_ElemNode(w, e, &num, nodes);
     if (num < 1) return;
     num = Fill(shape, maxi, maxj, num, nodes);
-    const Row r = RowOf(shape, num, featype, vis_Writer_ElemAssoc(w, 12, e), vis_Writer_ElemAssoc(w, 25, e));
+    const Row r = RowOf(shape, num, b.featype[i], b.feaspec[i], b.featwod[i]);
     if (r.descriptor == 0 || r.npos > num) return;
     vis_Writer_NodeIds(w, num, nodes);
-    const int matl = r.rigid ? 0 : vis_Writer_ElemAssoc(w, 1, e);
-    const int record[6] = {vis_Writer_ElemId(w, e), r.descriptor, vis_Writer_ElemAssoc(w, 2, e), matl, 1, r.npos};
+    const int record[6] = {b.id[i], r.descriptor, b.propid[i], r.rigid ? 0 : b.matlid[i], 1, r.npos};
     static const int beam[3] = {0, 1, 1};
     char line[32 * (VIS_ELEM_MAXNODE + 12)];
     int len = IntLine(line, 6, record);
@@ -169,7 +183,13 @@ void vis_SDRCLwt_Nodes(vis_SDRCLwt* sdrc)
 
 void vis_SDRCLwt_Elems(vis_SDRCLwt* sdrc)
 {
-    vis_SDRCLwt_Open(sdrc->w.fp, 2412);
-    for (int e = 1; e <= sdrc->w.numel; ++e) Elem(sdrc, e);
-    vis_SDRCLwt_Close(sdrc->w.fp);
+    vis_Writer* w = &sdrc->w;
+    vis_SDRCLwt_Open(w->fp, 2412);
+    Block b;
+    for (int first = 1; first <= w->numel; first += VIS_WRITER_BLOCK) {
+        const int n = w->numel - first + 1 < VIS_WRITER_BLOCK ? w->numel - first + 1 : VIS_WRITER_BLOCK;
+        ReadBlock(w, first, n, &b);
+        for (int i = 0; i < n; ++i) Elem(w, first + i, b, i);
+    }
+    vis_SDRCLwt_Close(w->fp);
 }
