@@ -40,14 +40,7 @@ void vis_ABAFwt_Loads(vis_ABAFwt* aba, struct vis_SProp* step);
 template <class F>
 void vis_ABAFwt_Ordered(vsy_HashTable* tab, F f)
 {
-    vsy_HashTableInitIterOrder(tab);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) return;
-        f(key, value);
-    }
+    vis_Writer_Ordered(tab, f);
 }
 
 /* Solution step `pos` of the list (from 1), or null. */

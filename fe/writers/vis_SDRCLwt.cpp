@@ -130,7 +130,7 @@ void Systems(vis_SDRCLwt* sdrc)
     if (num < 1) return;
     FILE* fp = sdrc->w.fp;
     vis_SDRCLwt_Open(fp, 18);
-    vis_SDRCLwt_Ordered(sdrc->coordsys, [fp](int key, void* value) { System(fp, key, static_cast<vis_CoordSys*>(value)); });
+    vis_Writer_Ordered(sdrc->coordsys, [fp](int key, void* value) { System(fp, key, static_cast<vis_CoordSys*>(value)); });
     vis_SDRCLwt_Close(fp);
 }
 
@@ -164,8 +164,8 @@ void Groups(vis_SDRCLwt* sdrc)
 {
     FILE* fp = sdrc->w.fp;
     vis_SDRCLwt_Open(fp, 2452);
-    vis_SDRCLwt_Ordered(sdrc->nodegroup, [sdrc](int key, void* v) { Group(sdrc, key, static_cast<vis_IdTran*>(v), 1); });
-    vis_SDRCLwt_Ordered(sdrc->elemgroup, [sdrc](int key, void* v) { Group(sdrc, key, static_cast<vis_IdTran*>(v), 0); });
+    vis_Writer_Ordered(sdrc->nodegroup, [sdrc](int key, void* v) { Group(sdrc, key, static_cast<vis_IdTran*>(v), 1); });
+    vis_Writer_Ordered(sdrc->elemgroup, [sdrc](int key, void* v) { Group(sdrc, key, static_cast<vis_IdTran*>(v), 0); });
     vis_SDRCLwt_Close(fp);
 }
 

@@ -206,7 +206,7 @@ void Constraint(vis_SDRCLwt* sdrc, int key, vis_MCase* mc)
 
 void vis_SDRCLwt_Loads(vis_SDRCLwt* sdrc)
 {
-    vis_SDRCLwt_Ordered(sdrc->lcase, [sdrc](int key, void* v) {
+    vis_Writer_Ordered(sdrc->lcase, [sdrc](int key, void* v) {
         Forces(sdrc, key, static_cast<vis_LCase*>(v));
         Pressures(sdrc, key, static_cast<vis_LCase*>(v), SYS_FACE);
         Pressures(sdrc, key, static_cast<vis_LCase*>(v), SYS_EDGE);
@@ -216,10 +216,10 @@ void vis_SDRCLwt_Loads(vis_SDRCLwt* sdrc)
 
 void vis_SDRCLwt_Restraints(vis_SDRCLwt* sdrc)
 {
-    vis_SDRCLwt_Ordered(sdrc->rcase, [sdrc](int key, void* v) { Restraint(sdrc, key, static_cast<vis_RCase*>(v)); });
+    vis_Writer_Ordered(sdrc->rcase, [sdrc](int key, void* v) { Restraint(sdrc, key, static_cast<vis_RCase*>(v)); });
 }
 
 void vis_SDRCLwt_Constraints(vis_SDRCLwt* sdrc)
 {
-    vis_SDRCLwt_Ordered(sdrc->mcase, [sdrc](int key, void* v) { Constraint(sdrc, key, static_cast<vis_MCase*>(v)); });
+    vis_Writer_Ordered(sdrc->mcase, [sdrc](int key, void* v) { Constraint(sdrc, key, static_cast<vis_MCase*>(v)); });
 }

@@ -4,7 +4,6 @@
 #define VIS_SDRCLWTINTERNAL_H
 
 #include "vis_SDRCLwt.h"
-#include "vsy_HashTable.h"
 
 #include <cstdio>
 
@@ -25,20 +24,5 @@ void vis_SDRCLwt_Real(FILE* fp, double value, int width);
 /* The same text at `out`, no terminator; returns its length (the width, or more for a text that
  * does not fit). `out` holds 40 bytes. */
 int vis_SDRCLwt_RealText(double value, int width, char* out);
-
-/* Calls f(key, object) for every object of a model table in ascending key order. */
-template <class F>
-void vis_SDRCLwt_Ordered(vsy_HashTable* tab, F f)
-{
-    if (!tab) return;
-    vsy_HashTableInitIterOrder(tab);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) return;
-        f(key, value);
-    }
-}
 
 #endif

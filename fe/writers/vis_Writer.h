@@ -17,6 +17,8 @@
 
 #include <cstdio>
 
+#include "vsy_HashTable.h"
+
 struct vis_Connect;
 struct vis_GridFun;
 struct vis_Model;
@@ -50,6 +52,22 @@ inline void vis_Writer_Put(FILE* fp, const char* text, int len)
     fwrite_unlocked(text, 1, static_cast<size_t>(len), fp);
 #else
     std::fwrite(text, 1, static_cast<size_t>(len), fp);
+/* Calls f(key, object) for every object of a model table in ascending key order; a null table
+ * calls nothing. */
+template <class F>
+void vis_Writer_Ordered(vsy_HashTable* tab, F f)
+{
+    if (!tab) return;
+    vsy_HashTableInitIterOrder(tab);
+    for (;;) {
+        int key = 0;
+        void* value = nullptr;
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) return;
+        f(key, value);
+    }
+}
+
 #endif
 }
 
@@ -78,5 +96,21 @@ void vis_Writer_ElemIds(vis_Writer* w, int first, int n, int* ids);
 /* The printed ids of n node indices in place, n at most VIS_WRITER_BLOCK; an index 0 (an absent
  * midside node) stays 0. */
 void vis_Writer_NodeIds(vis_Writer* w, int n, int* nodes);
+
+/* Calls f(key, object) for every object of a model table in ascending key order; a null table
+ * calls nothing. */
+template <class F>
+void vis_Writer_Ordered(vsy_HashTable* tab, F f)
+{
+    if (!tab) return;
+    vsy_HashTableInitIterOrder(tab);
+    for (;;) {
+        int key = 0;
+        void* value = nullptr;
+        vsy_HashTableNextIter(tab, &key, &value);
+        if (!value) return;
+        f(key, value);
+    }
+}
 
 #endif
