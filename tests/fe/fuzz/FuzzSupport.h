@@ -5,13 +5,20 @@
 
 #include "vsy_TestSupport.h"
 
+#include <cstdlib>
 #include <string>
 
 namespace fuzztest {
 
 // Seeds each driver runs: enough to reach every refusal many times, few enough that a run
-// under the sanitizers stays within seconds.
-constexpr int kSeeds = 500;
+// under the sanitizers stays within seconds. TEV_FUZZ_SEEDS in the environment asks for more,
+// for a longer search by hand.
+inline int Seeds()
+{
+    const char* env = std::getenv("TEV_FUZZ_SEEDS");
+    const int n = env ? std::atoi(env) : 0;
+    return n > 0 ? n : 500;
+}
 
 // Called after an operation whose object was polled with `code`: a non-zero code must come
 // with a report of the same code made since `before` reports had been recorded, and every report

@@ -37,7 +37,7 @@ void* Ptr(int v)
 
 TEST_F(ContainerFuzz, HashTableAgainstMap)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vsy_HashTable* tab = vsy_HashTableNew();
         std::map<int, void*> oracle;
@@ -98,7 +98,7 @@ TEST_F(ContainerFuzz, HashTableAgainstMap)
 
 TEST_F(ContainerFuzz, IntHashAgainstMap)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vsy_IntHash* tab = vsy_IntHashNew();
         std::map<int, int> oracle;
@@ -136,7 +136,7 @@ TEST_F(ContainerFuzz, IntHashAgainstMap)
 
 TEST_F(ContainerFuzz, IntVecAgainstMap)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vsy_IntVec* vec = vsy_IntVecNew();
         const int low = rng.below(2) ? 0 : 1;
@@ -194,7 +194,7 @@ TEST_F(ContainerFuzz, IntVecAgainstMap)
 
 TEST_F(ContainerFuzz, ListAgainstVector)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vsy_List* list = vsy_ListNew();
         std::vector<void*> oracle;
@@ -246,7 +246,7 @@ TEST_F(ContainerFuzz, ListAgainstVector)
 // oracle, but nothing may crash, and every polled code must have its report.
 TEST_F(ContainerFuzz, FailingAllocations)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vsy_HashTable* tab = vsy_HashTableNew();
         vsy_IntHash* ih = vsy_IntHashNew();

@@ -96,7 +96,9 @@ std::function<void()> Tables(Rng& rng, vis_Model* model, int nn, int ne)
     if (rng.below(2)) {
         vis_LCase* lc = vis_LCaseNew();
         for (int k = 0; k < 6; ++k) {
-            const double v[4] = {Coord(rng), Coord(rng), Coord(rng), Coord(rng)};
+            // Up to three scalars at each of four corners (a traction on a face).
+            double v[12];
+            for (double& x : v) x = Coord(rng);
             vis_LCaseSetConcdv(lc, 1 + rng.below(nn + 3), 1 + rng.below(6), v);
             vis_LCaseSetDistdv(lc, rng.below(2) ? SYS_FACE : SYS_EDGE, 1 + rng.below(ne + 3), 1 + rng.below(6), 1 + rng.below(6), v);
         }
@@ -178,7 +180,7 @@ protected:
 
 TEST_F(WriterFuzz, RandomModelsThroughEveryWriter)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vis_Connect* c = Mesh(rng);
         vis_Model* model = vis_ModelNew();
@@ -210,7 +212,7 @@ TEST_F(WriterFuzz, RandomModelsThroughEveryWriter)
 
 TEST_F(WriterFuzz, RandomStatesAsResultDatasets)
 {
-    for (int seed = 1; seed <= kSeeds; ++seed) {
+    for (int seed = 1, seeds = Seeds(); seed <= seeds; ++seed) {
         Rng rng(seed);
         vis_Connect* c = Mesh(rng);
         vis_GridFun* gf = vis_GridFunNew();
