@@ -11,6 +11,9 @@
  * values "%25s" on one line (three for a triangular face, four for a quadrilateral one, two
  * for an edge); "%10d\n" with 0, the time variation. Tractions, heat fluxes and convection
  * are not written.
+ * 791 of kind 2 writes per node "%10d%10d%10d\n" with the id, 2 and 0, then the temperature.
+ * 751 writes the linear equations only (two-node ties and links have no terms), each with the
+ * further integers 0 and 0 and the reals 0 and 0; a term's second real is 0.
  */
 #include "vis_ElemTopology.h"
 #include "vis_LCase.h"
