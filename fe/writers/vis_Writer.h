@@ -52,22 +52,6 @@ inline void vis_Writer_Put(FILE* fp, const char* text, int len)
     fwrite_unlocked(text, 1, static_cast<size_t>(len), fp);
 #else
     std::fwrite(text, 1, static_cast<size_t>(len), fp);
-/* Calls f(key, object) for every object of a model table in ascending key order; a null table
- * calls nothing. */
-template <class F>
-void vis_Writer_Ordered(vsy_HashTable* tab, F f)
-{
-    if (!tab) return;
-    vsy_HashTableInitIterOrder(tab);
-    for (;;) {
-        int key = 0;
-        void* value = nullptr;
-        vsy_HashTableNextIter(tab, &key, &value);
-        if (!value) return;
-        f(key, value);
-    }
-}
-
 #endif
 }
 
