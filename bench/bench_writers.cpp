@@ -1,9 +1,9 @@
 // Writer benchmark: the NASTRAN deck, the ABAQUS, LS-DYNA and PATRAN decks, the ANSYS command
-// file and the native text and binary forms (vis_ConnectWrite -1, -2) of structured hexahedral
-// and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements, each timed on the wall clock
-// with its bytes and MB/s, beside the floor of the C library: formatting the same coordinates
-// with snprintf alone into a buffer ("%23.15E" as the deck's grid cards need them, "%16.9E" as
-// the command file's node lines), with no file and no element.
+// file, the universal file and the native text and binary forms (vis_ConnectWrite -1, -2) of
+// structured hexahedral and tetrahedral meshes of about 10^4, 10^5 and 10^6 elements, each timed
+// on the wall clock with its bytes and MB/s, beside the floor of the C library: formatting the
+// same coordinates with snprintf alone into a buffer ("%23.15E" as the deck's grid cards need
+// them, "%16.9E" as the command file's node lines), with no file and no element.
 //
 // Nodes lie on a grid of spacing 0.1 (reals with full 17-digit expansions); every node is a
 // grid point and every element a solid. The tetrahedral mesh splits each cell into six.
@@ -11,6 +11,8 @@
 // property and one material on every element, a pressure on the top face of every element of
 // the top layer (n^2 PLOAD4) and every bottom node fixed in six dofs (n+1 squared SPC); the
 // cards' share, the difference of both, may not pass the mesh-only time.
+// The surface writers (STL text and binary, OBJ) take a shell mesh of m x m quadrilaterals,
+// about 10^4, 10^5 and 10^6 of them (m 100, 316, 1000), since a solid mesh has no facets.
 // Run: bench_writers [largest n]. Build in Release for meaningful numbers. The decks go to
 // bench_writers.<pid>.* in /dev/shm (else /tmp) and are removed. Processor times stand beside
 // the wall times: on a shared machine they vary less.
@@ -25,6 +27,9 @@
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vis_PatLwt.h"
+#include "vis_OBJFwt.h"
+#include "vis_SDRCLwt.h"
+#include "vis_STLFwt.h"
 #include "vis_RCase.h"
 #include "vsy_HashTable.h"
 
@@ -128,20 +133,22 @@ double SnprintfFloor(int n, const char* format, double* cpu)
     return Ms(t0);
 }
 
-/* A further deck of the same model by writer W: time, bytes and MB/s. */
+/* A further deck or file of the model by writer W, with its options set first: time, bytes
+ * and MB/s. */
 template <class W>
-void Solver(vis_Model* model, const char* label, const char* ext, W* (*make)(), void (*write)(W*, vis_Model*, const char*),
-            int (*error)(W*), void (*drop)(W*))
+void Timed(const char* label, vis_Model* model, W* (*make)(), void (*write)(W*, vis_Model*, const char*),
+           int (*error)(W*), void (*drop)(W*), void (*options)(W*) = nullptr)
 {
-    const std::string deck = ScratchPath(ext);
-    const char* path = deck.c_str();
-    W* writer = make();
+    const std::string out = ScratchPath(label);
+    const char* path = out.c_str();
+    W* w = make();
+    if (options) options(w);
     const Clock::time_point t0 = Clock::now();
     const double c0 = CpuMs();
-    write(writer, model, path);
+    write(w, model, path);
     const double ms = Ms(t0), cpu = CpuMs() - c0;
-    const int err = error(writer);
-    drop(writer);
+    const int err = error(w);
+    drop(w);
     struct stat st {};
     stat(path, &st);
     std::remove(path);
@@ -149,11 +156,43 @@ void Solver(vis_Model* model, const char* label, const char* ext, W* (*make)(), 
                 st.st_size / 1048576.0 / (ms / 1000.0), err ? "  (write failed)" : "");
 }
 
-/* The ABAQUS deck of the same model. Its coordinates are the same "%23.15E" conversions as
- * the NASTRAN grid cards, so the snprintf floor is shared. */
-void Abaqus(vis_Model* model)
+/* A shell mesh of m x m quadrilaterals on a gently curved sheet, every element a shell. */
+vis_Connect* ShellMesh(int m)
 {
-    Solver(model, "abaqus", "inp", vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete);
+    const int nn = (m + 1) * (m + 1), ne = m * m;
+    vis_Connect* c = vis_ConnectNew();
+    vis_ConnectDef(c, nn, ne);
+    for (int j = 0; j <= m; ++j)
+        for (int i = 0; i <= m; ++i) {
+            const double x[3] = {0.1 * i, 0.1 * j, 0.001 * i * j / m};
+            const int id = 1 + i + (m + 1) * j;
+            vis_ConnectSetCoordsdv(c, id, x);
+            vis_ConnectSetNodeAssoc(c, 0, id, 1);
+        }
+    for (int e = 1, j = 0; j < m; ++j)
+        for (int i = 0; i < m; ++i, ++e) {
+            const int a = 1 + i + (m + 1) * j, v[4] = {a, a + 1, a + m + 2, a + m + 1};
+            vis_ConnectSetTopology(c, e, SYS_SHAPE_QUAD, 0, 0, 0);
+            vis_ConnectSetElemNode(c, e, v);
+            vis_ConnectSetElemAssoc(c, 0, e, 2);
+        }
+    return c;
+}
+
+void RunFacets(int m)
+{
+    vis_Connect* c = ShellMesh(m);
+    vis_Model* model = vis_ModelNew();
+    vis_ModelSetObject(model, SYS_CONNECT, c);
+    std::printf("shell %9d elems %9d nodes\n", m * m, (m + 1) * (m + 1));
+    Timed<vis_STLFwt>("stl", model, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete);
+    Timed<vis_STLFwt>("stl-bin", model, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete,
+                      [](vis_STLFwt* w) { w->form = VIS_STLFWT_BINARY; });
+    Timed<vis_OBJFwt>("obj", model, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete);
+    Timed<vis_SDRCLwt>("unv", model, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete);
+    std::fflush(stdout);
+    vis_ModelDelete(model);
+    vis_ConnectDelete(c);
 }
 
 /* One vis_ConnectWrite form: time, bytes and MB/s. */
@@ -221,9 +260,10 @@ void Run(const char* kind, int n, bool tets)
                 "(cpu %7.1f)%s\n",
                 kind, ne, nn, ms, cpu, (long long)st.st_size, st.st_size / 1048576.0 / (ms / 1000.0), floor, floorcpu,
                 err ? "  (write failed)" : "");
-    Abaqus(model);
-    Solver(model, "ls-dyna", "k", vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete);
-    Solver(model, "patran", "out", vis_PatLwtNew, vis_PatLwtWriteModel, vis_PatLwtError, vis_PatLwtDelete);
+    Timed<vis_ABAFwt>("abaqus", model, vis_ABAFwtNew, vis_ABAFwtWriteModel, vis_ABAFwtError, vis_ABAFwtDelete);
+    Timed<vis_D3DFwt>("ls-dyna", model, vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete);
+    Timed<vis_PatLwt>("patran", model, vis_PatLwtNew, vis_PatLwtWriteModel, vis_PatLwtError, vis_PatLwtDelete);
+    Timed<vis_SDRCLwt>("unv", model, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete);
     Form(c, -1, "text");
     Form(c, -2, "binary");
     Ansys(c, n);
@@ -309,6 +349,9 @@ int main(int argc, char** argv)
         if (hex[i] <= nmax) Run("hex", hex[i], false);
     for (int i = 0; i < 3; ++i)
         if (tet[i] <= nmax) Run("tet", tet[i], true);
+    const int shell[3] = {100, 316, 1000}; /* m^2 quadrilaterals: 10^4, 99856, 10^6 */
+    for (int i = 0; i < 3; ++i)
+        if (hex[i] <= nmax) RunFacets(shell[i]);
     for (int i = 2; i >= 0; --i)
         if (hex[i] <= nmax) {
             RunCards(hex[i]);

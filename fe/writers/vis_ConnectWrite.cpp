@@ -7,6 +7,9 @@
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vis_PatLwt.h"
+#include "vis_OBJFwt.h"
+#include "vis_SDRCLwt.h"
+#include "vis_STLFwt.h"
 #include "vsy_Error.h"
 
 #include <cfloat>
@@ -167,6 +170,9 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     case 25: Deck(connect, path, vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete); break;
     case 18: Deck(connect, path, vis_NASFwtNew, vis_NASFwtWriteModel, vis_NASFwtError, vis_NASFwtDelete); break;
     case 22: Deck(connect, path, vis_ANSFwtNew, vis_ANSFwtWriteModel, vis_ANSFwtError, vis_ANSFwtDelete); break;
+    case 14: Deck(connect, path, vis_SDRCLwtNew, vis_SDRCLwtWriteModel, vis_SDRCLwtError, vis_SDRCLwtDelete); break;
+    case 11: Deck(connect, path, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete); break;
+    case 41: Deck(connect, path, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
     case -10: Pair(connect, path); break;

@@ -2,6 +2,9 @@
  *
  *   13     ABAQUS input, through vis_ABAFwt and a temporary vis_Model holding the connect
  *   18     NASTRAN bulk data, through vis_NASFwt and a temporary vis_Model holding the connect
+ *   14     SDRC universal file, through vis_SDRCLwt, likewise
+ *   11     STL facets in text form, through vis_STLFwt, likewise
+ *   41     OBJ surface, through vis_OBJFwt, likewise
  *   -1     native format, text          -2   native format, binary (machine order)
  *   -10    `path`.points and `path`.faces (the first three nodes of every element)
  *   -16    summary, appended            -17  listing, appended
@@ -12,7 +15,7 @@
  * lists, then the end markers of attributes, edge tangents, face normals, part names (each
  * name before its marker) and part sizes.
  *
- * Codes of writers that are not built yet (11, 14, 20, 22, 25, 41), surface triangles (-7)
+ * Codes of writers that are not built yet (20, 22, 25), surface triangles (-7)
  * and any other code are code 2 "type= %d". A file that cannot be opened is code 6
  * "pathname= %s"; through a writer that is the writer's own open failure, which it reports as
  * well. Both are stored in the connect's ierr and reported under "vis_ConnectWrite". Nothing
