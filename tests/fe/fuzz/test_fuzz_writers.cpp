@@ -6,7 +6,9 @@
 // with its report.
 #include "FuzzSupport.h"
 #include "vis_ABAFwt.h"
+#include "vis_ANSFwt.h"
 #include "vis_Connect.h"
+#include "vis_D3DFwt.h"
 #include "vis_ConnectWrite.h"
 #include "vis_CoordSys.h"
 #include "vis_IdTran.h"
@@ -15,6 +17,7 @@
 #include "vis_Model.h"
 #include "vis_NASFwt.h"
 #include "vis_OBJFwt.h"
+#include "vis_PatLwt.h"
 #include "vis_RCase.h"
 #include "vis_SDRCLwt.h"
 #include "vis_STLFwt.h"
@@ -198,10 +201,14 @@ TEST_F(WriterFuzz, RandomModelsThroughEveryWriter)
         Run<vis_STLFwt>(rng, model, vis_STLFwtNew, vis_STLFwtWriteModel, vis_STLFwtError, vis_STLFwtDelete, "STLFwt",
                         [&rng](vis_STLFwt* w) { w->form = 10 + rng.below(4); });
         Run<vis_OBJFwt>(rng, model, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete, "OBJFwt");
-        const int codes[] = {11, 13, 14, 18, 41, -1, -2, -10, -16, -17, 0, 20, -7};
+        Run<vis_ANSFwt>(rng, model, vis_ANSFwtNew, vis_ANSFwtWriteModel, vis_ANSFwtError, vis_ANSFwtDelete, "ANSFwt",
+                        [&rng](vis_ANSFwt* w) { vis_ANSFwtSetParami(w, VIS_ANSFWT_BLOCKS, rng.below(2)); });
+        Run<vis_D3DFwt>(rng, model, vis_D3DFwtNew, vis_D3DFwtWriteModel, vis_D3DFwtError, vis_D3DFwtDelete, "D3DFwt");
+        Run<vis_PatLwt>(rng, model, vis_PatLwtNew, vis_PatLwtWriteModel, vis_PatLwtError, vis_PatLwtDelete, "PatLwt");
+        const int codes[] = {11, 13, 14, 18, 20, 22, 25, 41, -1, -2, -10, -16, -17, 0, -7};
         vis_ConnectError(c);  // codes the mesh building and the writers' queries left, each reported then
         const size_t before = Reports().size();
-        vis_ConnectWrite(c, codes[rng.below(13)], (dir + "/a").c_str());
+        vis_ConnectWrite(c, codes[rng.below(15)], (dir + "/a").c_str());
         ExpectReported(vis_ConnectError(c), before, "vis_ConnectWrite");
         RestoreAllocation();
         drop();
@@ -237,6 +244,19 @@ TEST_F(WriterFuzz, RandomStatesAsResultDatasets)
         vis_SDRCLwtWriteState(w, rng.below(15) == 0 ? nullptr : state, (dir + "/a").c_str());
         ExpectReported(vis_SDRCLwtError(w), before, "vis_SDRCLwtWriteState");
         vis_SDRCLwtDelete(w);
+        vis_NASFwt* nas = vis_NASFwtNew();
+        size_t mark = Reports().size();
+        vis_NASFwtWriteState(nas, rng.below(15) == 0 ? nullptr : state, (dir + "/b").c_str());
+        ExpectReported(vis_NASFwtError(nas), mark, "vis_NASFwtWriteState");
+        vis_NASFwtDelete(nas);
+        vis_PatLwt* pat = vis_PatLwtNew();
+        vis_Model* model = vis_ModelNew();
+        if (rng.below(2)) vis_ModelSetObject(model, SYS_CONNECT, c);
+        mark = Reports().size();
+        vis_PatLwtWriteState(pat, model, rng.below(15) == 0 ? nullptr : state, (dir + "/c").c_str());
+        ExpectReported(vis_PatLwtError(pat), mark, "vis_PatLwtWriteState");
+        vis_PatLwtDelete(pat);
+        vis_ModelDelete(model);
         vis_StateDelete(state);
         vis_GridFunDelete(gf);
         vis_ConnectDelete(c);
