@@ -1,5 +1,6 @@
 // The demo host's volume mesher: a drawn box meshed by gmsh into linear and quadratic
 // tetrahedra, checked by measures worked out from the box itself, and its refusals.
+#include "AnalysisTestSupport.h"
 #include "TevVolumeMesh.h"
 #include "TevVolumeMesher.h"
 #include "vis_Connect.h"
@@ -20,12 +21,8 @@ namespace {
 
 using P = std::array<double, 3>;
 
-P At(vis_Connect* c, int node)
-{
-    P x{};
-    vis_ConnectCoordsdv(c, 1, &node, x.data());
-    return x;
-}
+using analysistest::At;
+using analysistest::FaceAt;
 P Sub(const P& a, const P& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
 P Cross(const P& a, const P& b) { return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]}; }
 double Dot(const P& a, const P& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
@@ -37,19 +34,6 @@ double TetVolume(vis_Connect* c, int e)
     vis_ConnectElemNode(c, e, &num, nodes);
     const P a = At(c, nodes[0]);
     return Dot(Cross(Sub(At(c, nodes[1]), a), Sub(At(c, nodes[2]), a)), Sub(At(c, nodes[3]), a)) / 6.0;
-}
-
-// Face index (from 1) of the box face whose centre of mass has coordinate `axis` equal to `v`.
-int FaceAt(const TopoDS_Shape& box, int axis, double v)
-{
-    TopTools_IndexedMapOfShape faces;
-    TopExp::MapShapes(box, TopAbs_FACE, faces);
-    for (int i = 1; i <= faces.Extent(); ++i) {
-        GProp_GProps props;
-        BRepGProp::SurfaceProperties(faces(i), props);
-        if (std::fabs(props.CentreOfMass().Coord(axis + 1) - v) < 1e-9) return i;
-    }
-    return 0;
 }
 
 TEST(TevVolumeMesher, QuadraticOrderPutsGmshMidpointsOnTheLibraryEdges)
