@@ -31,12 +31,16 @@ TevAnalysisModel::~TevAnalysisModel()
     Release();
 }
 
+bool TevAnalysisModel::CheckMaterial(const Material& material, std::string* error)
+{
+    if (material.young > 0.0 && material.poisson > -1.0 && material.poisson < 0.5 && material.density >= 0.0) return true;
+    if (error) *error = "Young's modulus must be positive, Poisson's ratio between -1 and 0.5 and the density not negative";
+    return false;
+}
+
 bool TevAnalysisModel::SetMaterial(const Material& material, std::string* error)
 {
-    if (!(material.young > 0.0) || !(material.poisson > -1.0 && material.poisson < 0.5) || !(material.density >= 0.0)) {
-        if (error) *error = "Young's modulus must be positive, Poisson's ratio between -1 and 0.5 and the density not negative";
-        return false;
-    }
+    if (!CheckMaterial(material, error)) return false;
     m_material = material;
     return true;
 }

@@ -37,6 +37,8 @@ public:
 
     // False, with the old value kept, when E is not positive or nu is not in (-1, 0.5).
     bool SetMaterial(const Material& material, std::string* error);
+    // The check of SetMaterial, alone.
+    static bool CheckMaterial(const Material& material, std::string* error);
     const Material& GetMaterial() const { return m_material; }
     // Faces are numbered as in TevVolumeMesh; false, with nothing changed, for a face the mesh
     // does not have.

@@ -28,13 +28,25 @@ const int kGridPoint = 1, kSolid = 1;
 // gmsh's edges of a tetrahedron, in the order of its midpoint nodes 4 to 9.
 const int kGmshTetEdges[6][2] = {{0, 1}, {1, 2}, {2, 0}, {3, 0}, {3, 2}, {3, 1}};
 
+bool g_started = false;
+
 void StartGmsh()
 {
-    static bool started = false;
-    if (started) return;
+    if (g_started) return;
     gmsh::initialize();
     gmsh::option::setNumber("General.Terminal", 0);
-    started = true;
+    g_started = true;
+}
+
+// After a failure gmsh keeps state that makes later meshes come out empty: it is started anew
+// for the next mesh.
+void ResetGmsh()
+{
+    try {
+        gmsh::finalize();
+    } catch (...) {
+    }
+    g_started = false;
 }
 
 std::string GmshError(const char* what)
@@ -266,10 +278,12 @@ std::unique_ptr<TevVolumeMesh> TevVolumeMesher::Mesh(const TopoDS_Shape& shape, 
         return nullptr;
     }
     StartGmsh();
+    std::unique_ptr<TevVolumeMesh> mesh;
     try {
-        return MeshSolid(solids.Current(), options, error, progress);
+        mesh = MeshSolid(solids.Current(), options, error, progress);
     } catch (...) {
         *error = GmshError("The mesher failed");
-        return nullptr;
     }
+    if (!mesh) ResetGmsh();
+    return mesh;
 }

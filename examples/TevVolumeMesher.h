@@ -6,7 +6,8 @@
 // by area and centre of mass, so that the boundary triangles are kept per face of the shape the
 // user picks on. gmsh's quadratic tetrahedron lists its edge midpoints as 0-1, 1-2, 2-0, 3-0,
 // 3-2, 3-1; they are put into the library's edge order. gmsh holds one model per process: calls
-// must not overlap.
+// must not overlap. After a failure or a cancel gmsh is started anew, since what it keeps of a
+// failed mesh would leave the next one empty.
 #ifndef TEVVOLUMEMESHER_H
 #define TEVVOLUMEMESHER_H
 

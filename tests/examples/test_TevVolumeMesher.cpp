@@ -9,6 +9,10 @@
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepGProp.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
+#include <BRep_Builder.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
 #include <GProp_GProps.hxx>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -143,6 +147,27 @@ TEST(TevVolumeMesher, CancelStopsBetweenStagesAndTheMesherStaysUsable)
     // Curves, then surfaces (where the answer is no): two calls of four stages.
     EXPECT_EQ(calls, 2);
     EXPECT_EQ(total, 4);
+    EXPECT_TRUE(TevVolumeMesher::Mesh(box, {5.0, 1}, &error)) << error;
+}
+
+// A solid whose shell lacks one face of a box encloses nothing: gmsh finds no closed volume to
+// fill, and the mesher says so instead of stopping the program; it meshes the next solid.
+TEST(TevVolumeMesher, OpenSolidFailsWithAMessage)
+{
+    const TopoDS_Shape box = BRepPrimAPI_MakeBox(10.0, 10.0, 10.0).Shape();
+    TopTools_IndexedMapOfShape faces;
+    TopExp::MapShapes(box, TopAbs_FACE, faces);
+    BRep_Builder builder;
+    TopoDS_Shell shell;
+    builder.MakeShell(shell);
+    for (int i = 1; i < faces.Extent(); ++i) builder.Add(shell, faces(i));
+    TopoDS_Solid solid;
+    builder.MakeSolid(solid);
+    builder.Add(solid, shell);
+    std::string error;
+    EXPECT_FALSE(TevVolumeMesher::Mesh(solid, {2.0, 1}, &error));
+    EXPECT_EQ(error.rfind("The mesher", 0), 0u) << error;
+    EXPECT_TRUE(TevVolumeMesher::Mesh(BRepPrimAPI_MakeBox(20.0, 10.0, 10.0).Shape(), {5.0, 1}, &error)) << error;
     EXPECT_TRUE(TevVolumeMesher::Mesh(box, {5.0, 1}, &error)) << error;
 }
 
