@@ -22,10 +22,7 @@
 #include <QVBoxLayout>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
-#include <vtkPropCollection.h>
 #include <vtkRenderer.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -42,8 +39,7 @@ QDoubleSpinBox* Spin(const char* name, double lo, double hi, double value, int d
 }  // namespace
 
 TevAnalysisPanel::TevAnalysisPanel(QWidget* parent)
-    : QWidget(parent), m_job(new TevCalculixJob(this)), m_result(std::make_unique<TevResultRender>()),
-      m_boundaryActors(vtkSmartPointer<vtkPropCollection>::New())
+    : QWidget(parent), m_job(new TevCalculixJob(this)), m_result(std::make_unique<TevResultRender>())
 {
     setObjectName("analysisPanel");
     m_view = new TevBasicViewer("CAE-TevViewer");
@@ -166,24 +162,12 @@ bool TevAnalysisPanel::MeshSolid(const TopoDS_Shape& shape, QString* error)
     return true;
 }
 
-// The boundary through TevMeshRender, in place of the last one (it only adds actors, so the
-// ones it added are found by comparing the renderer's props before and after).
+// The boundary through TevMeshRender, in place of the last one.
 void TevAnalysisPanel::ShowBoundary()
 {
-    vtkRenderer* renderer = m_view->GetDefaultRender();
-    m_boundaryActors->InitTraversal();
-    while (vtkProp* prop = m_boundaryActors->GetNextProp()) renderer->RemoveViewProp(prop);
-    m_boundaryActors->RemoveAllItems();
-    std::vector<vtkProp*> old;
-    vtkPropCollection* props = renderer->GetViewProps();
-    props->InitTraversal();
-    while (vtkProp* prop = props->GetNextProp()) old.push_back(prop);
     vis_Connect* skin = m_mesh->NewSkin();
-    TevMeshRender().DisplayMesh(skin, renderer);
+    m_boundaryActors.Replace(m_view->GetDefaultRender(), [this, skin] { TevMeshRender().DisplayMesh(skin, m_view->GetDefaultRender()); });
     vis_ConnectDelete(skin);
-    props->InitTraversal();
-    while (vtkProp* prop = props->GetNextProp())
-        if (std::find(old.begin(), old.end(), prop) == old.end()) m_boundaryActors->AddItem(prop);
     m_view->SetISO();
     m_view->UpdateViewer();
 }
@@ -292,8 +276,7 @@ bool TevAnalysisPanel::ShowResult(QString* error)
         if (error) *error = m_mesh ? QString::fromStdString(reason) : tr("No volume mesh: mesh a solid first");
         return false;
     }
-    m_boundaryActors->InitTraversal();
-    while (vtkProp* prop = m_boundaryActors->GetNextProp()) prop->SetVisibility(false);
+    m_boundaryActors.SetVisibility(false);
     m_view->UpdateViewer();
     return true;
 }

@@ -14,11 +14,11 @@
 #ifndef TEVANALYSISPANEL_H
 #define TEVANALYSISPANEL_H
 
+#include "TevPropTracker.h"
+
 #include <QString>
 #include <QWidget>
 #include <TopoDS_Shape.hxx>
-
-#include <vtkSmartPointer.h>
 
 #include <memory>
 
@@ -27,7 +27,6 @@ class QDoubleSpinBox;
 class QLabel;
 class QLineEdit;
 class QTemporaryDir;
-class vtkPropCollection;
 class TevAnalysisModel;
 class TevBasicViewer;
 class TevCalculixJob;
@@ -99,7 +98,7 @@ private:
     std::unique_ptr<TevAnalysisModel> m_model;
     std::unique_ptr<TevResultRender> m_result;
     std::unique_ptr<QTemporaryDir> m_workDir;
-    vtkSmartPointer<vtkPropCollection> m_boundaryActors;  // actors of the boundary shown
+    TevPropTracker m_boundaryActors;  // actors of the boundary shown
 };
 
 #endif

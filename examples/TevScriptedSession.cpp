@@ -16,6 +16,7 @@
 #include <GProp_GProps.hxx>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QStandardPaths>
 #include <TopExp_Explorer.hxx>
 #include <QFileInfo>
 #include <QTabWidget>
@@ -209,6 +210,10 @@ int TevScriptedSession::Run()
     Stage("meshed all shapes (" + m_window->MeshPanel()->CountsText() + "); mesh.png");
     ok = WriteFiles() && ok;
     Stage(ok ? "wrote mesh.bdf, mesh.lst, model.xbf and model.step" : "some files were not written");
+    if (QStandardPaths::findExecutable("ccx").isEmpty()) {
+        Stage("CalculiX (ccx) is not installed: the analysis is left out");
+        return ok ? 0 : 1;
+    }
     const bool analysed = Analyse();
     Stage(analysed ? "solved the box with a hole; analysis.png" : "the analysis did not finish");
     ok = analysed && ok;

@@ -11,7 +11,8 @@
 //   7. a 100 x 40 x 20 box with a vertical hole, meshed in quadratic tetrahedra, clamped at one
 //      end face and loaded by a downward total force at the other (the faces put into the
 //      selection as a click at the face level does), a steel typed into the material dialog,
-//      solved by CalculiX and shown coloured by von Mises stress: analysis.png.
+//      solved by CalculiX and shown coloured by von Mises stress: analysis.png (left out, with
+//      a line saying so, when ccx is not installed).
 // Each stage prints one line to standard output. Files go to the output folder given.
 #ifndef TEVSCRIPTEDSESSION_H
 #define TEVSCRIPTEDSESSION_H
