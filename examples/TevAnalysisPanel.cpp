@@ -153,6 +153,7 @@ bool TevAnalysisPanel::MeshSolid(const TopoDS_Shape& shape, QString* error)
         return false;
     }
     m_result->Clear();
+    m_job->ClearResults();
     m_model.reset();
     m_mesh = std::move(mesh);
     m_model = std::make_unique<TevAnalysisModel>(*m_mesh);

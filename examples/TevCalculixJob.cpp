@@ -110,6 +110,14 @@ void TevCalculixJob::Done(int exitCode, QProcess::ExitStatus status)
     Finish(failure.isEmpty(), failure.isEmpty() ? QString("Solved: results of %1 nodes read").arg(m_numnode) : failure);
 }
 
+void TevCalculixJob::ClearResults()
+{
+    vis_StateDelete(m_displacement);
+    vis_StateDelete(m_stress);
+    m_displacement = nullptr;
+    m_stress = nullptr;
+}
+
 QString TevCalculixJob::ReadResults()
 {
     vis_State* u = vis_StateNew();
@@ -120,8 +128,7 @@ QString TevCalculixJob::ReadResults()
         vis_StateDelete(s);
         return QString::fromStdString(error);
     }
-    vis_StateDelete(m_displacement);
-    vis_StateDelete(m_stress);
+    ClearResults();
     m_displacement = u;
     m_stress = s;
     return QString();

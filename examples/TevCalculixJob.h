@@ -44,6 +44,8 @@ public:
     // Results of the last successful solve, or null; they stay the job's.
     vis_State* Displacement() const { return m_displacement; }
     vis_State* Stress() const { return m_stress; }
+    // Drops the results (a new mesh makes them meaningless).
+    void ClearResults();
     // Everything the solver printed in the last job.
     const QString& Log() const { return m_log; }
 

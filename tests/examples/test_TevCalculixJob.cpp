@@ -94,6 +94,7 @@ TEST_F(CalculixJobTest, ASolverWithoutResultsIsReported)
     Run(Script("quiet", "exit 0"));
     EXPECT_FALSE(lastOk);
     EXPECT_EQ(lastMessage, "Cannot read the results file " + dir.path() + "/run/job.frd");
+    EXPECT_EQ(job.Displacement(), nullptr);
 }
 
 TEST_F(CalculixJobTest, CancelStopsTheSolverAndASecondStartWaitsForIt)
