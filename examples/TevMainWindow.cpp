@@ -2,6 +2,7 @@
 
 #include "DrawerOutput.h"
 #include "SelectionMgr.h"
+#include "TevAnalysisPanel.h"
 #include "ShapeDocMgr.h"
 #include "ShapeLabelMgr.h"
 #include "TevBasicViewer.h"
@@ -50,6 +51,8 @@ void TevMainWindow::CreatePanels()
     m_tabs->setObjectName("centralTabs");
     m_tabs->addTab(m_viewer, tr("Model"));
     m_tabs->addTab(m_meshPanel, tr("Mesh"));
+    m_analysisPanel = new TevAnalysisPanel;
+    m_tabs->addTab(m_analysisPanel, tr("Analysis"));
     setCentralWidget(m_tabs);
 
     m_tree = new TevModelTree(m_viewer);
@@ -77,6 +80,7 @@ void TevMainWindow::ConnectSignals()
     connect(m_viewer, &TevBasicViewer::m_signal_ViewerUpdated, m_tree, &TevModelTree::RebuildIfChanged);
     connect(m_meshPanel, &TevMeshPanel::m_signal_MeshRequested, this, &TevMainWindow::MeshSelection);
     connect(m_meshPanel, &TevMeshPanel::m_signal_ExportRequested, this, &TevMainWindow::ExportMesh);
+    connect(m_analysisPanel, &TevAnalysisPanel::m_signal_Message, this, &TevMainWindow::Say);
     if (auto* app = qobject_cast<TevDemoApplication*>(QCoreApplication::instance()))
         connect(app, &TevDemoApplication::m_signal_FailureCaught, this, &TevMainWindow::RefreshFromDocument);
 }

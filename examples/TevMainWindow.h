@@ -4,12 +4,14 @@
 // Menus and toolbars hold one action for every drawing operation (from TevDrawOpCatalog), the
 // seven views, the three principal work planes and the face plane, the selection levels, the
 // display modes, the mouse modes, the Booleans, undo and redo, delete, cancel and confirm, the
-// document's files (OCAF binary or XML), STEP and IGES import and export, and the mesh commands.
+// document's files (OCAF binary or XML), STEP and IGES import and export, the mesh commands and
+// the analysis commands (volume mesh, fix and load the picked face, material, solve, cancel).
 // Every action has an object name ("actionBox", "actionUndo", ...), an icon and a tooltip;
 // Ctrl+Z, Ctrl+Y, Delete and Escape are their usual commands.
 //
 // Around the view: the model tree (left), the message panel fed by DrawerOutput (bottom), the
-// status bar fed by the viewer's m_signal_StatusBar, and a second tab with the mesh panel.
+// status bar fed by the viewer's m_signal_StatusBar, a second tab with the mesh panel and a third
+// with the analysis panel.
 // File names come from a chooser, by default Qt's file dialogs; a caller can put its own in
 // (SetFileChooser), as a scripted session or a test does.
 #ifndef TEVMAINWINDOW_H
@@ -25,6 +27,7 @@
 #include <vector>
 
 class QTabWidget;
+class TevAnalysisPanel;
 class TevBasicViewer;
 class TevMeshPanel;
 class TevMessagePanel;
@@ -46,6 +49,7 @@ public:
     TevMessagePanel* Messages() const { return m_messages; }
     TevModelTree* ModelTree() const { return m_tree; }
     TevMeshPanel* MeshPanel() const { return m_meshPanel; }
+    TevAnalysisPanel* AnalysisPanel() const { return m_analysisPanel; }
     QTabWidget* Tabs() const { return m_tabs; }
     // The action with this object name; null when there is none.
     QAction* Action(const QString& name) const;
@@ -67,6 +71,13 @@ private slots:
     void Cancel();
     void MeshSelection();
     void ExportMesh();
+    // The analysis commands (TevMainWindow_Analysis.cpp).
+    void VolumeMeshSelection();
+    void FixPickedFace();
+    void LoadPickedFace();
+    void EditMaterial();
+    void SolveAnalysis();
+    void CancelSolve();
 
 private:
     void CreatePanels();
@@ -79,6 +90,11 @@ private:
     void CreateViewActions();
     void CreateModeActions();
     void CreateMeshActions();
+    void CreateAnalysisActions();
+    // The solid to mesh: the first of the tree's marked shapes, else the picked shape.
+    TopoDS_Shape ChosenSolid() const;
+    // The face picked in the view, or a null shape.
+    TopoDS_Shape PickedFace() const;
     QAction* MakeAction(const QString& name, const QString& text, const QString& tooltip, const QIcon& icon,
                         const QKeySequence& shortcut = QKeySequence());
     // Actions of one exclusive choice, the first checked.
@@ -93,6 +109,7 @@ private:
     TevMessagePanel* m_messages = nullptr;
     TevModelTree* m_tree = nullptr;
     TevMeshPanel* m_meshPanel = nullptr;
+    TevAnalysisPanel* m_analysisPanel = nullptr;
     QTabWidget* m_tabs = nullptr;
     std::unique_ptr<TevOperationRunner> m_runner;
     FileChooser m_chooseFile;

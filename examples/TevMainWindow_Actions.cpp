@@ -45,6 +45,7 @@ void TevMainWindow::CreateActions()
     CreateViewActions();
     CreateModeActions();
     CreateMeshActions();
+    CreateAnalysisActions();
 }
 
 void TevMainWindow::CreateFileActions()
@@ -248,4 +249,27 @@ void TevMainWindow::CreateMeshActions()
     bar->addSeparator();
     bar->addAction(make);
     bar->addAction(write);
+}
+
+void TevMainWindow::CreateAnalysisActions()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Analysis"));
+    const QColor colour(183, 28, 28);
+    struct Row { const char* name; QString text; QString tip; QString glyph; void (TevMainWindow::*slot)(); };
+    const Row rows[] = {
+        {"actionVolumeMesh", tr("&Volume mesh"), tr("Tetrahedra of the selected solid, of the size and order set in the analysis tab"), "VM", &TevMainWindow::VolumeMeshSelection},
+        {"actionFixFace", tr("&Fix picked face"), tr("Clamp the picked face of the meshed solid"), "Fx", &TevMainWindow::FixPickedFace},
+        {"actionLoadFace", tr("&Load picked face"), tr("Put the load set in the analysis tab on the picked face"), "Ld", &TevMainWindow::LoadPickedFace},
+        {"actionMaterial", tr("&Material..."), tr("Young's modulus, Poisson's ratio and density"), "Mt", &TevMainWindow::EditMaterial},
+        {"actionSolve", tr("&Solve"), tr("Solve the analysis with CalculiX and show the result"), "So", &TevMainWindow::SolveAnalysis},
+        {"actionCancelSolve", tr("&Cancel solve"), tr("Stop the running solve"), "Sx", &TevMainWindow::CancelSolve},
+    };
+    QToolBar* bar = findChild<QToolBar*>("modeToolBar");
+    bar->addSeparator();
+    for (const Row& row : rows) {
+        QAction* action = MakeAction(row.name, row.text, row.tip, TevIconFactory::Glyph(row.glyph, colour));
+        connect(action, &QAction::triggered, this, row.slot);
+        menu->addAction(action);
+        bar->addAction(action);
+    }
 }

@@ -16,12 +16,9 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <vtkPropCollection.h>
 #include <vtkRenderer.h>
 
-#include <algorithm>
-
-TevMeshPanel::TevMeshPanel(QWidget* parent) : QWidget(parent), m_meshActors(vtkSmartPointer<vtkPropCollection>::New())
+TevMeshPanel::TevMeshPanel(QWidget* parent) : QWidget(parent)
 {
     setObjectName("meshPanel");
     m_view = new TevBasicViewer("CAE-TevViewer");
@@ -104,23 +101,10 @@ bool TevMeshPanel::MeshShapes(const std::vector<TopoDS_Shape>& shapes, QString* 
     return true;
 }
 
-// Shows the mesh in place of the last one: TevMeshRender only adds, so the actors it added
-// last time are found by comparing the renderer's actors before and after and removed next time.
+// Shows the mesh in place of the last one.
 void TevMeshPanel::ShowMesh()
 {
-    vtkRenderer* renderer = m_view->GetDefaultRender();
-    m_meshActors->InitTraversal();
-    while (vtkProp* prop = m_meshActors->GetNextProp()) renderer->RemoveViewProp(prop);
-    m_meshActors->RemoveAllItems();
-    vtkPropCollection* before = renderer->GetViewProps();
-    std::vector<vtkProp*> old;
-    before->InitTraversal();
-    while (vtkProp* prop = before->GetNextProp()) old.push_back(prop);
-    TevMeshRender().DisplayMesh(m_connect, renderer);
-    vtkPropCollection* after = renderer->GetViewProps();
-    after->InitTraversal();
-    while (vtkProp* prop = after->GetNextProp())
-        if (std::find(old.begin(), old.end(), prop) == old.end()) m_meshActors->AddItem(prop);
+    m_meshActors.Replace(m_view->GetDefaultRender(), [this] { TevMeshRender().DisplayMesh(m_connect, m_view->GetDefaultRender()); });
     int nodes = 0, elems = 0;
     vis_ConnectGetInteger(m_connect, SYS_NODE, &nodes);
     vis_ConnectGetInteger(m_connect, SYS_ELEM, &elems);

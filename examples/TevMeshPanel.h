@@ -6,10 +6,11 @@
 #ifndef TEVMESHPANEL_H
 #define TEVMESHPANEL_H
 
+#include "TevPropTracker.h"
+
 #include <QString>
 #include <QWidget>
 #include <TopoDS_Shape.hxx>
-#include <vtkSmartPointer.h>
 
 #include <vector>
 
@@ -17,7 +18,6 @@ class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
 class TevBasicViewer;
-class vtkPropCollection;
 struct vis_Connect;
 
 class TevMeshPanel : public QWidget
@@ -57,7 +57,7 @@ private:
     QComboBox* m_format;
     QLabel* m_counts;
     vis_Connect* m_connect = nullptr;
-    vtkSmartPointer<vtkPropCollection> m_meshActors;  // actors of the mesh shown
+    TevPropTracker m_meshActors;  // actors of the mesh shown
 };
 
 #endif

@@ -7,7 +7,12 @@
 //   4. the isometric view, saved as model.png;
 //   5. a surface mesh of every shape, shown in the mesh tab and saved as mesh.png;
 //   6. the mesh written as NASTRAN bulk data (mesh.bdf) and as a listing (mesh.lst), the
-//      document as model.xbf and model.step.
+//      document as model.xbf and model.step;
+//   7. a 100 x 40 x 20 box with a vertical hole, meshed in quadratic tetrahedra, clamped at one
+//      end face and loaded by a downward total force at the other (the faces put into the
+//      selection as a click at the face level does), a steel typed into the material dialog,
+//      solved by CalculiX and shown coloured by von Mises stress: analysis.png (left out, with
+//      a line saying so, when ccx is not installed).
 // Each stage prints one line to standard output. Files go to the output folder given.
 #ifndef TEVSCRIPTEDSESSION_H
 #define TEVSCRIPTEDSESSION_H
@@ -35,6 +40,7 @@ private:
     void DrawSolids() const;
     void CutAndSweep() const;
     bool WriteFiles() const;
+    bool Analyse() const;
 
     TevMainWindow* m_window;
     QString m_dir;

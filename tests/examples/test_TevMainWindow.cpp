@@ -12,6 +12,9 @@
 #include "ShapeLabelMgr.h"
 #include "TevBasicViewer.h"
 #include "TevDemoApplication.h"
+#include "TevAnalysisModel.h"
+#include "TevAnalysisPanel.h"
+#include "TevCalculixJob.h"
 #include "TevMainWindow.h"
 #include "TevMeshPanel.h"
 #include "TevMessagePanel.h"
@@ -28,11 +31,16 @@
 #include <QDir>
 #include <QFile>
 #include <QStatusBar>
+#include <QTabWidget>
+#include <QTreeWidget>
 #include <QSurfaceFormat>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVTKOpenGLNativeWidget.h>
 #include <Standard_Failure.hxx>
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
+#include <TopoDS.hxx>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -193,8 +201,9 @@ TEST_F(MainWindowTest, EveryActionHasAnIconAndATooltipAndTheUsualShortcuts)
     const QList<QAction*> actions = window->findChildren<QAction*>(QRegularExpression("^action"));
     // 23 drawing operations; file 6 (new, open, save, import, export, quit); edit 5 (undo, redo,
     // delete, cancel, confirm); Booleans 3; views 7; work planes 4 (three principal, face);
-    // selection levels 3; display modes 3; mouse modes 3; mesh 2: 23 + 36 = 59.
-    EXPECT_EQ(actions.size(), 59);
+    // selection levels 3; display modes 3; mouse modes 3; mesh 2; analysis 6 (volume mesh, fix
+    // face, load face, material, solve, cancel solve): 23 + 42 = 65.
+    EXPECT_EQ(actions.size(), 65);
     for (QAction* action : actions) {
         EXPECT_FALSE(action->icon().isNull()) << action->objectName().toStdString();
         EXPECT_FALSE(action->toolTip().isEmpty()) << action->objectName().toStdString();
@@ -395,6 +404,75 @@ TEST_F(MainWindowTest, AFailureCaughtInNotifyLeavesTheDocumentUsable)
     EXPECT_EQ(Shapes().size(), 2u);
     Trigger("actionUndo");
     EXPECT_EQ(Shapes().size(), 1u);
+}
+
+
+// The last message of the panel: its level and text.
+std::pair<int, QString> LastMessage(TevMainWindow* window)
+{
+    const auto& lines = window->Messages()->Lines();
+    return lines.empty() ? std::make_pair(-1, QString()) : lines.back();
+}
+
+TEST_F(MainWindowTest, AnalysisCommandsSayWhatIsMissing)
+{
+    Trigger("actionVolumeMesh");
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, QString("No solid selected: select a solid to mesh")));
+    Trigger("actionFixFace");
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, QString("No volume mesh: mesh a solid first")));
+    Trigger("actionLoadFace");
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, QString("No volume mesh: mesh a solid first")));
+    Trigger("actionSolve");
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, QString("No volume mesh: mesh a solid first")));
+    EXPECT_EQ(window->AnalysisPanel()->Mesh(), nullptr);
+}
+
+// A drawn box meshed through the action, faces picked (put in the selection list as a click at
+// the face level does), then a solve with a solver path that does not exist: the fault is
+// reported, and the document, mesh and model are as they were and can be solved again.
+TEST_F(MainWindowTest, AnalysisOfADrawnBoxReportsAMissingSolver)
+{
+    DrawBox();
+    ASSERT_EQ(Shapes().size(), 1u);
+    const TopoDS_Shape box = Shapes()[0];
+    window->ModelTree()->topLevelItem(0)->setSelected(true);
+    TevAnalysisPanel* panel = window->AnalysisPanel();
+    panel->SetElementSize(10.0);
+    panel->SetOrder(1);
+    Trigger("actionVolumeMesh");
+    ASSERT_NE(panel->Mesh(), nullptr) << LastMessage(window.get()).second.toStdString();
+    EXPECT_EQ(window->Tabs()->currentWidget(), panel);
+
+    TopTools_IndexedMapOfShape faces;
+    TopExp::MapShapes(box, TopAbs_FACE, faces);
+    ASSERT_EQ(faces.Extent(), 6);
+    SelectionMgr::GetInstance()->ClearSelList();
+    Trigger("actionFixFace");
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, QString("Pick a face (select faces, then click one)")));
+    const TopoDS_Shape first = faces(1), second = faces(2);
+    SelectionMgr::GetInstance()->AddToSelectionList(&first);
+    Trigger("actionFixFace");
+    EXPECT_EQ(panel->Model()->FixedFace(), 1);
+    SelectionMgr::GetInstance()->ClearSelList();
+    SelectionMgr::GetInstance()->AddToSelectionList(&second);
+    panel->SetLoad(true, 1.0, 0.0, 0.0);
+    Trigger("actionLoadFace");
+    EXPECT_EQ(panel->Model()->LoadFace(), 2);
+    EXPECT_EQ(panel->Model()->Load(), TevAnalysisModel::LoadKind::Pressure);
+    SelectionMgr::GetInstance()->ClearSelList();
+
+    panel->SetSolver(Path("no-such-solver"));
+    bool ended = false, ok = true;
+    QObject::connect(panel, &TevAnalysisPanel::m_signal_Solved, [&](bool done) { ended = true, ok = done; });
+    Trigger("actionSolve");
+    for (int i = 0; i < 200 && !ended; ++i) QTest::qWait(20);
+    ASSERT_TRUE(ended);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(LastMessage(window.get()), std::make_pair(2, "The solver could not be started: " + Path("no-such-solver")));
+    ASSERT_EQ(Shapes().size(), 1u);
+    EXPECT_NEAR(Volume(Shapes()[0]), 60000.0, 1e-6);
+    EXPECT_NE(panel->Model()->Build(nullptr), nullptr);
+    EXPECT_FALSE(panel->Job()->IsRunning());
 }
 
 }  // namespace
