@@ -4,6 +4,7 @@
 #define VIS_SDRCLWTINTERNAL_H
 
 #include "vis_SDRCLwt.h"
+#include "vis_WriterTable.h"
 
 #include <cstdio>
 

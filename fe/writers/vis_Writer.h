@@ -17,8 +17,6 @@
 
 #include <cstdio>
 
-#include "vis_WriterTable.h"
-
 struct vis_Connect;
 struct vis_GridFun;
 struct vis_Model;
