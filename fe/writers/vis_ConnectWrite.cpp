@@ -175,6 +175,12 @@ void vis_ConnectWrite(vis_Connect* connect, int type, const char* path)
     case 41: Deck(connect, path, vis_OBJFwtNew, vis_OBJFwtWriteModel, vis_OBJFwtError, vis_OBJFwtDelete); break;
     case -1: Native(connect, path, 0); break;
     case -2: Native(connect, path, 1); break;
+    case -7:
+        if (FILE* fp = Open(connect, path, "w")) {
+            vis_ConnectWrite_Surface(connect, fp);
+            std::fclose(fp);
+        }
+        break;
     case -10: Pair(connect, path); break;
     case -16: Summary(connect, path); break;
     case -17: Listing(connect, path); break;

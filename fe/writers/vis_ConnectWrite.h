@@ -2,10 +2,14 @@
  *
  *   13     ABAQUS input, through vis_ABAFwt and a temporary vis_Model holding the connect
  *   18     NASTRAN bulk data, through vis_NASFwt and a temporary vis_Model holding the connect
+ *   22     ANSYS commands, through vis_ANSFwt, likewise
+ *   25     LS-DYNA keywords, through vis_D3DFwt, likewise
+ *   20     PATRAN neutral file, through vis_PatLwt, likewise
  *   14     SDRC universal file, through vis_SDRCLwt, likewise
  *   11     STL facets in text form, through vis_STLFwt, likewise
  *   41     OBJ surface, through vis_OBJFwt, likewise
  *   -1     native format, text          -2   native format, binary (machine order)
+ *   -7     the outer surface as triangles (vis_ConnectWriteSurface.cpp); runs the kernel
  *   -10    `path`.points and `path`.faces (the first three nodes of every element)
  *   -16    summary, appended            -17  listing, appended
  *
@@ -15,8 +19,7 @@
  * lists, then the end markers of attributes, edge tangents, face normals, part names (each
  * name before its marker) and part sizes.
  *
- * Codes of writers that are not built yet (20, 22, 25), surface triangles (-7)
- * and any other code are code 2 "type= %d". A file that cannot be opened is code 6
+ * Any other code is code 2 "type= %d". A file that cannot be opened is code 6
  * "pathname= %s"; through a writer that is the writer's own open failure, which it reports as
  * well. Both are stored in the connect's ierr and reported under "vis_ConnectWrite". Nothing
  * else is checked: a full disk goes unnoticed.
@@ -38,5 +41,7 @@ void vis_ConnectWrite(struct vis_Connect* connect, int type, const char* path);
 
 /* The native format in text (binary 0) or binary (1) to an open stream (vis_ConnectWriteNative.cpp). */
 void vis_ConnectWrite_Native(struct vis_Connect* connect, FILE* fp, int binary);
+/* The surface triangles to an open stream (vis_ConnectWriteSurface.cpp). */
+void vis_ConnectWrite_Surface(struct vis_Connect* connect, FILE* fp);
 
 #endif

@@ -36,10 +36,9 @@ protected:
 TEST_F(ConnectWriteTest, RefusedCodes)
 {
     c = TwoTriangles();
-    // 0 and unknown codes; writers not built yet; surface triangles not built yet. Codes 13,
-    // 22, 25, 20, 14, 11 and 41 (the ABAQUS, ANSYS and keyword decks, the neutral and universal
-    // files, STL and OBJ) are built and tested with their writers.
-    for (int type : {0, 5, -7}) {
+    // 0 and codes of no form; every writer's code (13, 22, 25, 20, 14, 11, 41) and the surface
+    // triangles (-7) are tested with their writers.
+    for (int type : {0, 5, 12, -3}) {
         Reports().clear();
         vis_ConnectWrite(c, type, File("refused").c_str());
         ExpectOnlyReport("vis_ConnectWrite", 2, "type= " + std::to_string(type));
