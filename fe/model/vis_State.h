@@ -31,10 +31,10 @@
  * Mises stress, the principal values or the mean of a tensor. vis_StateOperateUnary with
  * VIS_STATE_DERIVE makes a scalar state of it, and vis_StateExtent reports it.
  *
- * Not built yet: spatial derivatives (vis_StateDerivative), values at natural coordinates
- * (vis_StateDataElemRST), coordinate system transforms other than a given rotation
- * (vis_StateSetSystem, vis_StateDirCos), id translation (vis_StateSortIdTran) and the demo
- * filler; the state is not yet stored in a model table.
+ * Not built: spatial derivatives (vis_StateDerivative), direction cosines of element systems
+ * (vis_StateDirCos), id translation (vis_StateSortIdTran), the hash table and integer
+ * parameters (vis_StateSetHashTable, vis_StateSetParami) and vis_StateSetSection, for which
+ * vis_StateSetDataSect stands; the state is not stored in a model table.
  */
 #ifndef VIS_STATE_H
 #define VIS_STATE_H
@@ -109,6 +109,7 @@ typedef struct vis_State {
     double extmin, extmax;     /* range given by vis_StateExt */
     int extset;                /* 1 once vis_StateExt was called */
     double range[2];           /* VIS_STATE_RANGE of group selections */
+    int system;                /* coordinate system of the values, 0 global; stored only */
 } vis_State;
 
 /* Creates an undefined state; null with "State" code 4 "Creation Failure". */
@@ -183,6 +184,22 @@ void vis_StateMap(vis_State* state, vis_State* a);
 void vis_StateMidside(vis_State* state);
 /* A node position state (data type 0 or any vector): position += factor * displacement. */
 void vis_StateDeform(vis_State* state, vis_State* displacement, double factor);
+/* The value at natural coordinates rst (r, s and, for solids, t) of element id, interpolated
+ * by the element's shape functions from a node state at its nodes or an element node state;
+ * 1 when every value it needs was set, else 0 with the values left. Other states: code 8
+ * "State mismatch". */
+int vis_StateDataElemRST(vis_State* state, int id, const float* rst, float* values);
+int vis_StateDataElemRSTdv(vis_State* state, int id, const double* rst, double* values);
+/* The topology tuple of element id through the grid function. */
+void vis_StateElemType(vis_State* state, int id, int* shape, int* maxi, int* maxj, int* maxk);
+/* An element node state := the node state `a` at each element's nodes (vis_StateMap does the
+ * same among its other mappings). */
+void vis_StateMapElemNode(vis_State* state, vis_State* a);
+/* The coordinate system the values are given in (0 global); stored for the caller. */
+void vis_StateSetSystem(vis_State* state, int system);
+/* Fills every entity with values known from the mesh: component k is coordinate k % 3 of the
+ * node, of the element node, or of the element's centroid. For examples and tests. */
+void vis_StateDemo(vis_State* state);
 /* Group selection: sets the flag 1 of every entity of a node or element group whose derived
  * scalar lies in the range VIS_STATE_RANGE (a node group from an element node state takes the
  * element's nodes that do). */

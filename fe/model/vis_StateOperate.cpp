@@ -1,5 +1,6 @@
 /* vis_State: operations between states, rotation, mapping between locations, midside fill,
  * deformation and group selection; see vis_State.h. */
+#include "vis_ElemShape.h"
 #include "vis_ElemTopology.h"
 #include "vis_GridFun.h"
 #include "vis_Group.h"
@@ -362,4 +363,129 @@ void vis_StateNodeGroup(vis_State* state, vis_Group* group)
 void vis_StateElemGroup(vis_State* state, vis_Group* group)
 {
     Select(state, "vis_StateElemGroup", group, SYS_ELEM);
+}
+
+namespace {
+
+/* The element's topology through the grid function; false without it. */
+bool ElemTopology(const vis_State* s, int id, int* shape, int* maxi, int* maxj, int* maxk)
+{
+    *shape = -1;
+    *maxi = *maxj = *maxk = 0;
+    auto topo = s->gf ? reinterpret_cast<vis_GridFunTopology_t>(s->gf->fun[VIS_GRIDFUN_TOPOLOGY]) : nullptr;
+    if (topo) topo(s->gf->obj, id, shape, maxi, maxj, maxk);
+    return *shape >= 0;
+}
+
+/* The values at the element's nodes, node after node: from the children of an element node
+ * state, or from the node state at the element's nodes; false when one is unset. */
+bool NodeValues(vis_State* s, const char* name, int id, double* v, int* n)
+{
+    if (s->parenttype == SYS_ELEM) {
+        *n = vis_State_Count(s, id);
+        return s->flags[id] && vis_State_Get(s, name, vis_State_First(s, id), *n * s->datanum, v);
+    }
+    int nodes[VIS_STATE_MAXCHILD];
+    *n = vis_State_ElemNodes(s, id, nodes);
+    for (int k = 0; k < *n; ++k) {
+        if (nodes[k] < 1 || nodes[k] > s->nument || !s->flags[nodes[k]]) return false;
+        if (!vis_State_Get(s, name, vis_State_First(s, nodes[k]), s->datanum, v + k * s->datanum)) return false;
+    }
+    return *n > 0;
+}
+
+template <class T>
+int DataElemRST(vis_State* s, const char* name, int id, const T* rst, T* values)
+{
+    if (!vis_State_Ready(s, name) || !rst || !values) return 0;
+    const bool nodes = s->parenttype == SYS_NODE, elemnodes = s->parenttype == SYS_ELEM && s->childtype == SYS_NODE;
+    if (!nodes && !elemnodes) {
+        vsy_ErrorRecord(&s->ierr, name, SYS_ERROR_OPERATION, "State mismatch");
+        return 0;
+    }
+    int shape = 0, maxi = 0, maxj = 0, maxk = 0;
+    if (!ElemTopology(s, id, &shape, &maxi, &maxj, &maxk)) {
+        vsy_ErrorRecord(&s->ierr, name, SYS_ERROR_NULLOBJECT, "GridFun object");
+        return 0;
+    }
+    double v[kBuf], N[VIS_STATE_MAXCHILD] = {}, dN[3 * VIS_STATE_MAXCHILD];
+    const double r[3] = {static_cast<double>(rst[0]), static_cast<double>(rst[1]), static_cast<double>(rst[2])};
+    int n = 0;
+    if (!NodeValues(s, name, id, v, &n)) return 0;
+    if (shape == SYS_SHAPE_TRI || shape == SYS_SHAPE_QUAD) vis_ElemShape2Ddv(1, shape, maxi, maxj, r, N, dN);
+    else if (shape >= SYS_SHAPE_TET && shape <= SYS_SHAPE_HEX) vis_ElemShape3Ddv(1, shape, maxi, maxj, maxk, r, N, dN);
+    else return 0;
+    for (int c = 0; c < s->datanum; ++c) {
+        double sum = 0.0;
+        for (int k = 0; k < n; ++k) sum += N[k] * v[k * s->datanum + c];
+        values[c] = static_cast<T>(sum);
+    }
+    return 1;
+}
+
+}  // namespace
+
+int vis_StateDataElemRST(vis_State* state, int id, const float* rst, float* values)
+{
+    return DataElemRST(state, "vis_StateDataElemRST", id, rst, values);
+}
+
+int vis_StateDataElemRSTdv(vis_State* state, int id, const double* rst, double* values)
+{
+    return DataElemRST(state, "vis_StateDataElemRSTdv", id, rst, values);
+}
+
+void vis_StateElemType(vis_State* state, int id, int* shape, int* maxi, int* maxj, int* maxk)
+{
+    if (vis_Model_IsNull(state, "vis_StateElemType")) return;
+    if (!ElemTopology(state, id, shape, maxi, maxj, maxk))
+        vsy_ErrorRecord(&state->ierr, "vis_StateElemType", SYS_ERROR_NULLOBJECT, "GridFun object");
+}
+
+void vis_StateMapElemNode(vis_State* state, vis_State* a)
+{
+    static const char* name = "vis_StateMapElemNode";
+    if (!vis_State_Ready(state, name) || !vis_State_Ready(a, name)) return;
+    if (state->parenttype != SYS_ELEM || state->childtype != SYS_NODE || a->parenttype != SYS_NODE ||
+        a->datanum != state->datanum) {
+        vsy_ErrorRecord(&state->ierr, name, SYS_ERROR_OPERATION, "State mismatch");
+        return;
+    }
+    NodeToElemNode(state, name, a);
+}
+
+void vis_StateSetSystem(vis_State* state, int system)
+{
+    if (!vis_Model_IsNull(state, "vis_StateSetSystem")) state->system = system;
+}
+
+void vis_StateDemo(vis_State* state)
+{
+    static const char* name = "vis_StateDemo";
+    if (!vis_State_Ready(state, name)) return;
+    auto coords = state->gf ? reinterpret_cast<vis_GridFunCoordsdv_t>(state->gf->fun[VIS_GRIDFUN_COORDSDV]) : nullptr;
+    if (!coords) {
+        vsy_ErrorRecord(&state->ierr, name, SYS_ERROR_NULLOBJECT, "GridFun object");
+        return;
+    }
+    /* Component k of a value is coordinate k % 3 of its node (of the element's centroid for
+     * an element state), so that every value is known from the mesh alone. */
+    double v[kBuf];
+    for (int id = 1; id <= state->nument; ++id) {
+        int nodes[VIS_STATE_MAXCHILD], nn = 1;
+        if (state->parenttype == SYS_NODE) nodes[0] = id;
+        else nn = vis_State_ElemNodes(state, id, nodes);
+        const int count = vis_State_Count(state, id);
+        double centre[3] = {0, 0, 0}, x[3 * VIS_STATE_MAXCHILD];
+        if (nn < 1) continue;
+        coords(state->gf->obj, nn, nodes, x);
+        for (int k = 0; k < nn; ++k)
+            for (int a = 0; a < 3; ++a) centre[a] += x[3 * k + a] / nn;
+        for (int c = 0; c < count; ++c) {
+            const double* at = state->childtype == SYS_NODE && c < nn ? x + 3 * c : centre;
+            for (int k = 0; k < state->datanum; ++k) v[c * state->datanum + k] = at[k % 3];
+        }
+        if (!vis_State_Put(state, name, vis_State_First(state, id), count * state->datanum, v)) return;
+        state->flags[id] = 1;
+    }
 }

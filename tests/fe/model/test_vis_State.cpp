@@ -395,6 +395,40 @@ TEST_F(StateTest, DeformAndGroups)
     ExpectNoReport();
 }
 
+TEST_F(StateTest, DemoValuesAndInterpolation)
+{
+    // Demo node vectors are the node coordinates.
+    s = Make(6, SYS_NODE, 0, 1);
+    vis_StateDemo(s);
+    double x[3] = {0, 0, 0};
+    const int six = 6;
+    vis_StateDatadv(s, 1, &six, x);
+    EXPECT_EQ(x[0], 2.0);  // node 6 at (2 1 0)
+    EXPECT_EQ(x[1], 1.0);
+    // The quadrilateral 2 5 6 3 at natural (1, 0): the middle of its corners 1 and 2, nodes 5
+    // (2 0 0) and 6 (2 1 0), which is (2, 0.5, 0): coordinates interpolate exactly.
+    const double rst[3] = {1, 0, 0};
+    double v[3] = {-1, -1, -1};
+    EXPECT_EQ(vis_StateDataElemRSTdv(s, 3, rst, v), 1);
+    EXPECT_NEAR(v[0], 2.0, 1e-15);
+    EXPECT_NEAR(v[1], 0.5, 1e-15);
+    int shape = -1, maxi = -1, maxj = -1, maxk = -1;
+    vis_StateElemType(s, 3, &shape, &maxi, &maxj, &maxk);
+    EXPECT_EQ(shape, SYS_SHAPE_QUAD);
+    // The same values at the element nodes, and the triangle 1 2 3 at its centroid (r = s =
+    // 1/3): the mean of (0 0), (1 0) and (1 1), (2/3, 1/3).
+    t = Make(3, SYS_ELEM, SYS_NODE, 1);
+    vis_StateMapElemNode(t, s);
+    const double third[3] = {1.0 / 3.0, 1.0 / 3.0, 0};
+    EXPECT_EQ(vis_StateDataElemRSTdv(t, 1, third, v), 1);
+    EXPECT_NEAR(v[0], 2.0 / 3.0, 1e-15);
+    EXPECT_NEAR(v[1], 1.0 / 3.0, 1e-15);
+    // An element state without children has no values at points.
+    u = Make(3, SYS_ELEM, 0, 0);
+    EXPECT_EQ(vis_StateDataElemRSTdv(u, 1, third, v), 0);
+    ExpectOnlyReport("vis_StateDataElemRSTdv", SYS_ERROR_OPERATION, "State mismatch");
+}
+
 // A six-node triangle: corners 1 2 3, midside nodes 4 (edge 1-2), 5 (2-3), 6 (3-1).
 TEST(StateMidside, QuadraticTriangleEdges)
 {
