@@ -31,10 +31,7 @@
  * Mises stress, the principal values or the mean of a tensor. vis_StateOperateUnary with
  * VIS_STATE_DERIVE makes a scalar state of it, and vis_StateExtent reports it.
  *
- * Not built: spatial derivatives (vis_StateDerivative), direction cosines of element systems
- * (vis_StateDirCos), id translation (vis_StateSortIdTran), the hash table and integer
- * parameters (vis_StateSetHashTable, vis_StateSetParami) and vis_StateSetSection, for which
- * vis_StateSetDataSect stands; the state is not stored in a model table.
+ * The state is not stored in a model table: the caller keeps it.
  */
 #ifndef VIS_STATE_H
 #define VIS_STATE_H
@@ -43,6 +40,8 @@
 
 struct vis_GridFun;
 struct vis_Group;
+struct vis_IdTran;
+struct vsy_HashTable;
 struct vsy_RedPre;
 
 /* Largest number of components per value (Scalars12). */
@@ -83,6 +82,13 @@ struct vsy_RedPre;
 #define VIS_STATE_MAX 5
 #define VIS_STATE_COMBINE 6 /* a plus the parameter times b (OperateBinarydv) */
 
+/* Options of vis_StateSetParami. */
+#define VIS_STATE_SECTION 1    /* the shell section of the values */
+#define VIS_STATE_LAYPOS 2     /* the layer position */
+#define VIS_STATE_LAYERS 3     /* the layer count */
+#define VIS_STATE_SYSTEM 4     /* the coordinate system of the values, 0 global */
+#define VIS_STATE_DERIVEQUAL 5 /* the qualifier of the derived scalar, as vis_StateSetDerive */
+
 /* Group parameters: the value range a group selection keeps, lo and hi. */
 #define VIS_STATE_RANGE 1
 
@@ -109,7 +115,8 @@ typedef struct vis_State {
     double extmin, extmax;     /* range given by vis_StateExt */
     int extset;                /* 1 once vis_StateExt was called */
     double range[2];           /* VIS_STATE_RANGE of group selections */
-    int system;                /* coordinate system of the values, 0 global; stored only */
+    int system;                /* coordinate system of the values, 0 global */
+    struct vsy_HashTable* coordsys; /* vis_CoordSys by id for vis_StateDirCos, not owned */
 } vis_State;
 
 /* Creates an undefined state; null with "State" code 4 "Creation Failure". */
@@ -195,8 +202,27 @@ void vis_StateElemType(vis_State* state, int id, int* shape, int* maxi, int* max
 /* An element node state := the node state `a` at each element's nodes (vis_StateMap does the
  * same among its other mappings). */
 void vis_StateMapElemNode(vis_State* state, vis_State* a);
-/* The coordinate system the values are given in (0 global); stored for the caller. */
+/* The coordinate system the values are given in (0 global), looked up by vis_StateDirCos in
+ * the table of vis_CoordSys by id that vis_StateSetHashTable gives (type SYS_COORDSYS, else
+ * code 2 "type= %d"). */
 void vis_StateSetSystem(vis_State* state, int system);
+void vis_StateSetHashTable(vis_State* state, int type, struct vsy_HashTable* table);
+/* The local directions (rows x, y, z) of the values of entity id: the identity in the global
+ * system, else the system's directions at the node or the element's centroid; a system not in
+ * the table (or no mesh to place the entity) is code 1 "system= %d" with the identity. */
+void vis_StateDirCos(vis_State* state, int id, double* tm);
+/* Integer parameters VIS_STATE_SECTION to VIS_STATE_DERIVEQUAL; another type is code 2
+ * "type= %d". vis_StateSetSection is vis_StateSetDataSect under its other name. */
+void vis_StateSetParami(vis_State* state, int type, int value);
+void vis_StateSetSection(vis_State* state, int section);
+/* Fills idtran with the ids of the set entities in ascending order of their derived scalar
+ * (a child state: the mean over the children); equal values keep ascending id. */
+void vis_StateSortIdTran(vis_State* state, struct vis_IdTran* idtran);
+/* state, an element node vector state, := the gradient of the node scalar state `a` at every
+ * node of each solid element, by the shape functions and the inverse Jacobian at the node;
+ * elements of other shapes, with an unset node or degenerate stay unset. Other states: code 8
+ * "State mismatch". */
+void vis_StateDerivative(vis_State* state, vis_State* a);
 /* Fills every entity with values known from the mesh: component k is coordinate k % 3 of the
  * node, of the element node, or of the element's centroid. For examples and tests. */
 void vis_StateDemo(vis_State* state);

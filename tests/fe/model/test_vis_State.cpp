@@ -2,11 +2,14 @@
 // nodes and faces in every precision, derived scalars, operations, mapping between locations,
 // the midside fill, deformation, group selection, the native forms and the data type table.
 #include "vis_Connect.h"
+#include "vis_CoordSys.h"
 #include "vis_ElemTopology.h"
 #include "vis_GridFun.h"
 #include "vis_Group.h"
+#include "vis_IdTran.h"
 #include "vis_Model.h"
 #include "vis_State.h"
+#include "vsy_HashTable.h"
 #include "vsy_RedPre.h"
 #include "vsy_TestSupport.h"
 
@@ -427,6 +430,99 @@ TEST_F(StateTest, DemoValuesAndInterpolation)
     u = Make(3, SYS_ELEM, 0, 0);
     EXPECT_EQ(vis_StateDataElemRSTdv(u, 1, third, v), 0);
     ExpectOnlyReport("vis_StateDataElemRSTdv", SYS_ERROR_OPERATION, "State mismatch");
+}
+
+TEST_F(StateTest, SortDirectionsAndParameters)
+{
+    // Node scalars 3 1 2 at nodes 1 2 3 (others unset): ascending value gives 2 3 1.
+    s = Make(6, SYS_NODE, 0, 0);
+    for (int id = 1; id <= 3; ++id) {
+        const double v = id == 1 ? 3.0 : id - 1.0;
+        vis_StateSetDatadv(s, id, &v);
+    }
+    vis_IdTran* order = vis_IdTranNew();
+    vis_StateSortIdTran(s, order);
+    int n = 0, ids[3] = {0, 0, 0};
+    vis_IdTranNum(order, &n);
+    vis_IdTranGetIds(order, ids);
+    EXPECT_EQ(n, 3);
+    EXPECT_EQ(ids[0], 2);
+    EXPECT_EQ(ids[1], 3);
+    EXPECT_EQ(ids[2], 1);
+    vis_IdTranDelete(order);
+    // A rectangular system 7 whose x axis is global y and whose x-y plane holds -x: rows
+    // (0 1 0), (-1 0 0) and (0 0 1); the global system gives the identity.
+    double tm[9];
+    vis_StateDirCos(s, 1, tm);
+    EXPECT_EQ(tm[0], 1.0);
+    EXPECT_EQ(tm[4], 1.0);
+    vis_CoordSys* cs = vis_CoordSysNew();
+    vis_CoordSysDef(cs, 1);
+    const double o[3] = {0, 0, 0}, xaxis[3] = {0, 1, 0}, plane[3] = {-1, 0, 0};
+    vis_CoordSysSetOriginVectorsdv(cs, o, xaxis, plane);
+    vsy_HashTable* table = vsy_HashTableNew();
+    vsy_HashTableInsert(table, 7, cs);
+    vis_StateSetHashTable(s, SYS_COORDSYS, table);
+    vis_StateSetParami(s, VIS_STATE_SYSTEM, 7);
+    vis_StateDirCos(s, 2, tm);
+    const double want[9] = {0, 1, 0, -1, 0, 0, 0, 0, 1};
+    for (int i = 0; i < 9; ++i) EXPECT_NEAR(tm[i], want[i], 1e-15) << i;
+    vis_StateSetParami(s, VIS_STATE_SYSTEM, 8);  // not in the table
+    vis_StateDirCos(s, 2, tm);
+    ExpectOnlyReport("vis_StateDirCos", SYS_ERROR_VALUE, "system= 8");
+    Reports().clear();
+    vis_StateSetParami(s, 9, 0);
+    ExpectOnlyReport("vis_StateSetParami", SYS_ERROR_ENUM, "type= 9");
+    vsy_HashTableDelete(table);
+    vis_CoordSysDelete(cs);
+}
+
+// The gradient of a linear field over a hexahedron that an affine map skews: exact at every
+// node, since the trilinear element holds the field and the map exactly.
+TEST(StateDerivative, LinearFieldOverASkewedHexahedron)
+{
+    vis_Connect* c = vis_ConnectNew();
+    vis_ConnectDef(c, 8, 1);
+    const double unit[8][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
+    vis_State* phi = vis_StateNew();
+    vis_GridFun* gf = vis_GridFunNew();
+    vis_ConnectGridFun(c, gf);
+    vis_StateSetObject(phi, SYS_GRIDFUN, gf);
+    vis_StatePre(phi, SYS_PRECISION_DOUBLE);
+    vis_StateDef(phi, 8, SYS_NODE, 0, 0);
+    for (int i = 0; i < 8; ++i) {
+        const double* u = unit[i];
+        // x = 2u + 0.5v, y = v, z = 0.2u + 3w; the field x + 2y + 3z has gradient (1, 2, 3).
+        const double x[3] = {2 * u[0] + 0.5 * u[1], u[1], 0.2 * u[0] + 3 * u[2]};
+        vis_ConnectSetCoordsdv(c, i + 1, x);
+    }
+    const int hex[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    vis_ConnectSetTopology(c, 1, SYS_SHAPE_HEX, 0, 0, 0);
+    vis_ConnectSetElemNode(c, 1, hex);
+    vis_StateClear(phi);
+    for (int i = 1; i <= 8; ++i) {
+        double x[3];
+        vis_ConnectCoordsdv(c, 1, &i, x);
+        const double f = x[0] + 2 * x[1] + 3 * x[2];
+        vis_StateSetDatadv(phi, i, &f);
+    }
+    vis_State* grad = vis_StateNew();
+    vis_StateSetObject(grad, SYS_GRIDFUN, gf);
+    vis_StatePre(grad, SYS_PRECISION_DOUBLE);
+    vis_StateDef(grad, 1, SYS_ELEM, SYS_NODE, 1);
+    vis_StateClear(grad);
+    vis_StateDerivative(grad, phi);
+    double g[24];
+    vis_StateDataElemdv(grad, 1, g);
+    for (int k = 0; k < 8; ++k)
+        for (int a = 0; a < 3; ++a) EXPECT_NEAR(g[3 * k + a], a + 1.0, 1e-12) << "node " << k << " axis " << a;
+    // A scalar state as the result is refused.
+    vis_StateDerivative(phi, phi);
+    EXPECT_EQ(vis_StateError(phi), SYS_ERROR_OPERATION);
+    vis_StateDelete(grad);
+    vis_StateDelete(phi);
+    vis_GridFunDelete(gf);
+    vis_ConnectDelete(c);
 }
 
 // A six-node triangle: corners 1 2 3, midside nodes 4 (edge 1-2), 5 (2-3), 6 (3-1).
