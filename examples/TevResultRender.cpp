@@ -125,9 +125,11 @@ bool TevResultRender::Show(const TevVolumeMesh& mesh, vis_State* displacement, v
     m_bar->SetLookupTable(m_table);
     m_bar->SetTitle(quantity == Quantity::Displacement ? "Displacement" : "von Mises");
     m_bar->SetNumberOfLabels(5);
-    m_bar->SetPosition(0.88, 0.1);
+    /* Room between the title and the top label, which would otherwise overlap. */
+    m_bar->SetVerticalTitleSeparation(10);
+    m_bar->SetPosition(0.88, 0.08);
     m_bar->SetWidth(0.1);
-    m_bar->SetHeight(0.8);
+    m_bar->SetHeight(0.78);
     m_renderer = renderer;
     renderer->AddActor(m_surface);
     renderer->AddViewProp(m_bar);
