@@ -61,12 +61,7 @@ void Sections(vis_D3DFwt* d3d)
 
 vis_D3DFwt* vis_D3DFwtNew(void)
 {
-    vis_D3DFwt* d3d = static_cast<vis_D3DFwt*>(vsy_Malloc(sizeof(vis_D3DFwt)));
-    if (!d3d) {
-        vsy_ErrorMessage("D3DFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(d3d, 0, sizeof *d3d);
+    vis_D3DFwt* d3d = static_cast<vis_D3DFwt*>(vis_Writer_New(sizeof(vis_D3DFwt), "D3DFwt"));
     return d3d;
 }
 
@@ -79,10 +74,7 @@ void vis_D3DFwtDelete(vis_D3DFwt* d3d)
 
 int vis_D3DFwtError(vis_D3DFwt* d3d)
 {
-    if (!d3d) return 0;
-    const int ierr = d3d->w.ierr;
-    d3d->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(d3d ? &d3d->w : nullptr);
 }
 
 void vis_D3DFwtWriteModel(vis_D3DFwt* d3d, vis_Model* model, const char* path)

@@ -94,12 +94,7 @@ void Faces(vis_OBJFwt* obj)
 
 vis_OBJFwt* vis_OBJFwtNew(void)
 {
-    vis_OBJFwt* obj = static_cast<vis_OBJFwt*>(vsy_Malloc(sizeof(vis_OBJFwt)));
-    if (!obj) {
-        vsy_ErrorMessage("OBJFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(obj, 0, sizeof *obj);
+    vis_OBJFwt* obj = static_cast<vis_OBJFwt*>(vis_Writer_New(sizeof(vis_OBJFwt), "OBJFwt"));
     return obj;
 }
 
@@ -112,10 +107,7 @@ void vis_OBJFwtDelete(vis_OBJFwt* obj)
 
 int vis_OBJFwtError(vis_OBJFwt* obj)
 {
-    if (!obj) return 0;
-    const int ierr = obj->w.ierr;
-    obj->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(obj ? &obj->w : nullptr);
 }
 
 void vis_OBJFwtWriteModel(vis_OBJFwt* obj, vis_Model* model, const char* path)

@@ -97,12 +97,7 @@ void vis_PatLwt_NodeValue(vis_PatLwt* pat, int type, int node, int iv, int n2, d
 
 vis_PatLwt* vis_PatLwtNew(void)
 {
-    vis_PatLwt* pat = static_cast<vis_PatLwt*>(vsy_Malloc(sizeof(vis_PatLwt)));
-    if (!pat) {
-        vsy_ErrorMessage("PatLwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(pat, 0, sizeof *pat);
+    vis_PatLwt* pat = static_cast<vis_PatLwt*>(vis_Writer_New(sizeof(vis_PatLwt), "PatLwt"));
     return pat;
 }
 
@@ -115,10 +110,7 @@ void vis_PatLwtDelete(vis_PatLwt* pat)
 
 int vis_PatLwtError(vis_PatLwt* pat)
 {
-    if (!pat) return 0;
-    const int ierr = pat->w.ierr;
-    pat->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(pat ? &pat->w : nullptr);
 }
 
 void vis_PatLwtWriteModel(vis_PatLwt* pat, vis_Model* model, const char* path)

@@ -211,13 +211,8 @@ void vis_SDRCLwt_Real(FILE* fp, double value, int width)
 
 vis_SDRCLwt* vis_SDRCLwtNew(void)
 {
-    vis_SDRCLwt* sdrc = static_cast<vis_SDRCLwt*>(vsy_Malloc(sizeof(vis_SDRCLwt)));
-    if (!sdrc) {
-        vsy_ErrorMessage("SDRCLwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(sdrc, 0, sizeof *sdrc);
-    sdrc->nodes = sdrc->elems = 1;
+    vis_SDRCLwt* sdrc = static_cast<vis_SDRCLwt*>(vis_Writer_New(sizeof(vis_SDRCLwt), "SDRCLwt"));
+    if (sdrc) sdrc->nodes = sdrc->elems = 1;
     return sdrc;
 }
 
@@ -230,10 +225,7 @@ void vis_SDRCLwtDelete(vis_SDRCLwt* sdrc)
 
 int vis_SDRCLwtError(vis_SDRCLwt* sdrc)
 {
-    if (!sdrc) return 0;
-    const int ierr = sdrc->w.ierr;
-    sdrc->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(sdrc ? &sdrc->w : nullptr);
 }
 
 void vis_SDRCLwtWriteModel(vis_SDRCLwt* sdrc, vis_Model* model, const char* path)

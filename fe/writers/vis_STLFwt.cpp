@@ -71,13 +71,8 @@ void Binary(vis_Writer* w)
 
 vis_STLFwt* vis_STLFwtNew(void)
 {
-    vis_STLFwt* stl = static_cast<vis_STLFwt*>(vsy_Malloc(sizeof(vis_STLFwt)));
-    if (!stl) {
-        vsy_ErrorMessage("STLFwt", SYS_ERROR_MEMORY, "Creation Failure");
-        return nullptr;
-    }
-    std::memset(stl, 0, sizeof *stl);
-    stl->form = VIS_STLFWT_TEXT;
+    vis_STLFwt* stl = static_cast<vis_STLFwt*>(vis_Writer_New(sizeof(vis_STLFwt), "STLFwt"));
+    if (stl) stl->form = VIS_STLFWT_TEXT;
     return stl;
 }
 
@@ -90,10 +85,7 @@ void vis_STLFwtDelete(vis_STLFwt* stl)
 
 int vis_STLFwtError(vis_STLFwt* stl)
 {
-    if (!stl) return 0;
-    const int ierr = stl->w.ierr;
-    stl->w.ierr = 0;
-    return ierr;
+    return vis_Writer_TakeError(stl ? &stl->w : nullptr);
 }
 
 void vis_STLFwtWriteModel(vis_STLFwt* stl, vis_Model* model, const char* path)
