@@ -9,6 +9,8 @@
  * that holds vectors, so faces and edges 1 to 32 can hold them. Values are kept in double; the
  * precision (vis_ElemDatPre, 2 float or 4 double) is the one binary forms write.
  *
+ * No option of this object takes a real, so it has no SetParamf.
+ *
  * Reports: an element outside 1 to nument code 1 "index= %d"; a face or edge outside the
  * element's code 1 "no= %d"; face or edge data without a mesh code 5 "GridFun object"; an
  * option or precision not in the list code 2 "type= %d" or "precision= %d"; a failed
