@@ -62,15 +62,17 @@ bool WriteBinary(vis_State* s, const char* name, FILE* fp)
     return true;
 }
 
-/* Defines and clears the state from a header; false when the header cannot be a state's. */
-bool Define(vis_State* s, const char* name, const int32_t* h)
+/* Defines and clears the state from a header; false when the header cannot be a state's (the
+ * definition then differs from the header, whatever the state's earlier error code). */
+bool Define(vis_State* s, const int32_t* h)
 {
     vis_StatePre(s, h[4]);
     vis_StateDef(s, h[0], h[1], h[2], h[3]);
-    if (s->ierr) return false;
+    const bool defined = s->precision == h[4] && s->nument == h[0] && s->parenttype == h[1] && s->datatype == h[3] &&
+                         (s->childtype == h[2] || (h[2] == h[1] && s->childtype == 0));
+    if (!defined) return false;
     vis_StateClear(s);
     if (!s->flags) return false;
-    (void)name;
     s->section = h[5];
     s->laypos = h[6];
     s->layers = h[7];
@@ -94,7 +96,7 @@ bool ReadText(vis_State* s, const char* name, FILE* fp)
     if (std::fscanf(fp, "%15s %d", word, &version) != 2 || std::strcmp(word, "State") != 0 || version != 1) return false;
     for (int32_t& x : h)
         if (std::fscanf(fp, "%" SCNd32, &x) != 1) return false;
-    if (!Define(s, name, h)) return false;
+    if (!Define(s, h)) return false;
     for (;;) {
         char token[32];
         if (std::fscanf(fp, "%31s", token) != 1) return false;
@@ -114,7 +116,7 @@ bool ReadBinary(vis_State* s, const char* name, FILE* fp)
     char magic[8];
     int32_t h[8];
     if (std::fread(magic, 1, 8, fp) != 8 || std::memcmp(magic, kMagic, 8) != 0) return false;
-    if (std::fread(h, sizeof h[0], 8, fp) != 8 || !Define(s, name, h)) return false;
+    if (std::fread(h, sizeof h[0], 8, fp) != 8 || !Define(s, h)) return false;
     for (;;) {
         int32_t head[2] = {0, 0};
         if (std::fread(head, sizeof head[0], 1, fp) != 1) return false;

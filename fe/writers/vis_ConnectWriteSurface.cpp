@@ -79,7 +79,11 @@ void Triangle(FILE* fp, int* number, int a, int b, int c)
 
 void WriteFace(FILE* fp, const Face& f, const std::vector<int>& newid, bool quadmode, int* number)
 {
-    auto id = [&](int k) { return newid[static_cast<size_t>(f.nodes[static_cast<size_t>(k)])]; };
+    /* A node outside the mesh (a list that names none) has no number: 0. */
+    auto id = [&](int k) {
+        const int node = f.nodes[static_cast<size_t>(k)];
+        return node >= 1 && static_cast<size_t>(node) < newid.size() ? newid[static_cast<size_t>(node)] : 0;
+    };
     if (quadmode && f.quadratic && f.ncorner == 3 && f.nodes.size() >= 6) {
         std::fprintf(fp, "%d %d %d %d %d %d %d %d\n", ++*number, id(0), id(2), id(1), id(5), id(4), id(3), 1);
         return;
