@@ -14,6 +14,7 @@
 // against a brute-force scan of the same boxes, with the hits of both compared.
 #include "vis_Connect.h"
 #include "vis_ConnectGroup.h"
+#include "vis_ConnectGroupInternal.h"
 #include "vis_ConnectKernel.h"
 #include "vis_Group.h"
 #include "vsy_ADTree.h"
@@ -73,7 +74,7 @@ struct Phase {
         rss0 = StatusKb("VmRSS:");
         t0 = std::chrono::steady_clock::now();
     }
-    void Stop(const char* lib, const char* name, long nelem, long check)
+    double Stop(const char* lib, const char* name, long nelem, long check)
     {
         double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
         long peak = StatusKb("VmHWM:") - rss0;
@@ -82,6 +83,7 @@ struct Phase {
                     name, nelem, ms, ms * 1e6 / nelem, peak / 1024.0, peak * 1024.0 / nelem, kept / 1024.0);
         if (check) std::printf("     (neighbour pairs found: %ld)\n", check);
         std::fflush(stdout);
+        return ms;
     }
 };
 
@@ -104,6 +106,18 @@ struct Grid {
         n[7] = Node(i, j + 1, k + 1);
     }
 };
+
+// Flags set in a face group of nument elements.
+long FlagCount(vis_Group* faces, long nument)
+{
+    long total = 0;
+    for (int e = 1; e <= nument; ++e) {
+        int nf = 0, last = 0;
+        vis_GroupNumEntFlag(faces, e, &nf, &last);
+        total += nf;
+    }
+    return total;
+}
 
 void RunConnect(const Grid& g)
 {
@@ -128,7 +142,7 @@ void RunConnect(const Grid& g)
 
     p.Start();
     vis_ConnectKernel(c);
-    p.Stop("vis", "kernel (node->elem)", ne, 0);
+    double kernel = p.Stop("vis", "kernel (node->elem)", ne, 0);
     if (vis_ConnectError(c)) std::printf("kernel error\n");
 
     p.Start();
@@ -147,14 +161,15 @@ void RunConnect(const Grid& g)
     vis_Group* faces = vis_GroupNew();
     vis_GroupDef(faces, (int)ne, SYS_ELEM, SYS_FACE);
     vis_ConnectFaceGroup(c, VIS_CGROUP_FREE, nullptr, faces);
-    p.Stop("vis", "free faces (FaceGroup 1)", ne, 0);
-    long nfree = 0;
-    for (int e = 1; e <= ne; ++e) {
-        int nf = 0, last = 0;
-        vis_GroupNumEntFlag(faces, e, &nf, &last);
-        nfree += nf;
-    }
-    std::printf("     (free faces: %ld, expected %ld)\n", nfree, g.NumFree());
+    double scan = p.Stop("vis", "free faces (FaceGroup 1)", ne, 0);
+    std::printf("     (free faces: %ld, expected %ld; %s scan; with the kernel %.2f ms)\n", FlagCount(faces, ne),
+                g.NumFree(), vis_Connect_FreeScanHasAvx2() ? "AVX2" : "baseline", kernel + scan);
+    // The baseline build of the scan, which processors without AVX2 run.
+    vis_GroupClear(faces);
+    p.Start();
+    vis_Connect_FreeScanBase(c, VIS_CGROUP_FREE, nullptr, faces, nullptr, nullptr);
+    p.Stop("vis", "free faces, baseline scan", ne, 0);
+    std::printf("     (free faces: %ld)\n", FlagCount(faces, ne));
     vis_GroupDelete(faces);
     vis_ConnectDelete(c);
 }

@@ -72,11 +72,21 @@ void vis_Connect_GroupSample(vis_Connect* c, int enttype, struct vis_Group* sour
 void vis_Connect_GroupIntersect(vis_Connect* c, struct vis_Group* source, struct vis_Group* dest);
 /* Face and edge operations 3 and 8 over a face source. */
 void vis_Connect_GroupFeature(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest);
+/* The test of one face of an element (oper, source, id, no) by the general rule. */
+typedef int (*vis_ConnectFaceTest)(vis_Connect*, int, struct vis_Group*, int, int, vis_ConnectGroupWork*);
 /* The quick path of FaceGroup opers 0 and 1 (vis_ConnectGroupFree.cpp); `general` tests one
  * face of an element it cannot take. Returns 0, having done nothing, where it does not apply. */
 int vis_Connect_GroupFreeFaces(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
-                               int (*general)(vis_Connect*, int, struct vis_Group*, int, int, vis_ConnectGroupWork*),
-                               vis_ConnectGroupWork* w);
+                               vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
+/* The scan of the quick path once it applies, for the baseline instruction set and for AVX2
+ * (defined only where the compiler builds it, and to be called only where the processor has
+ * it); both give the same flags. */
+void vis_Connect_FreeScanBase(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
+                              vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
+void vis_Connect_FreeScanAvx2(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
+                              vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
+/* Whether vis_Connect_FreeScanAvx2 is built and this processor runs it. */
+int vis_Connect_FreeScanHasAvx2(void);
 /* Face and edge operation 23 (enttype SYS_FACE or SYS_EDGE). */
 void vis_Connect_GroupRegion(vis_Connect* c, int enttype, struct vis_Group* source, struct vis_Group* dest);
 

@@ -102,7 +102,7 @@ static int vis_Connect_KernelCount(vis_Connect* c, int n, int* icount, int64_t* 
 static int vis_Connect_KernelStarts(vis_Connect* c, int n, int* icount, int64_t total, int64_t polytotal)
 {
     static const char* name = "vis_ConnectKernel";
-    c->nodeelem = (int*)vsy_Malloc(((size_t)total + 1) * sizeof(int));
+    c->nodeelem = (int*)vsy_Malloc(((size_t)total + VIS_CONNECT_ROWPAD) * sizeof(int));
     if (!c->nodeelem) {
         vsy_ErrorRecord(&c->ierr, name, SYS_ERROR_MEMORY, "Malloc nodeelem");
         return 0;
@@ -123,6 +123,8 @@ static int vis_Connect_KernelStarts(vis_Connect* c, int n, int* icount, int64_t 
         size[i] = 0;
         icount[i] = 0;
     }
+    /* The slack left by repeated nodes and the pad, zeroed: no element has id 0. */
+    memset(c->nodeelem + pntr[n + 1], 0, ((size_t)(total - pntr[n + 1]) + VIS_CONNECT_ROWPAD) * sizeof(int));
     if (polytotal == 0) return 1;
     c->polyfaceix = (short*)vsy_Malloc((size_t)polytotal * sizeof(short));
     c->polyfacepntr = (int64_t*)vsy_Malloc(((size_t)c->numelem + 2) * sizeof(int64_t));

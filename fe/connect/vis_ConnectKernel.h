@@ -4,7 +4,9 @@
  * The table is a compressed row store: node i's elements are nodeelem[nodeelempntr[i]] to
  * nodeelem[nodeelempntr[i] + nodeelemsize[i] - 1], strictly ascending, each element once even
  * when its list names the node twice. nodeelem is allocated with the sum of all list lengths
- * (duplicates included), so it may be longer than the rows need. Adjacency is found by merging
+ * (duplicates included), so it may be longer than the rows need, and VIS_CONNECT_ROWPAD entries
+ * more; every entry past the last row is 0, so that a fixed number of entries may be read from
+ * any row start. Adjacency is found by merging
  * sorted rows, at a cost proportional to the valence; there is no sort and no hash.
  *
  * Polyhedron index: for element id, p = polyfacepntr[id]; face k (from 1) is the ring at
@@ -35,6 +37,9 @@
 #define VIS_CONNECTKERNEL_H
 
 #include "vis_Connect.h"
+
+/* Zero entries after the last row of nodeelem. */
+#define VIS_CONNECT_ROWPAD 8
 
 /* Builds the table (and the polyhedron index). Errors go to ierr: code 4 "Malloc nodeelemsize",
  * "Malloc icount", "Malloc nodeelem", "Malloc nodeelempntr", and code 8

@@ -23,28 +23,39 @@ inline int BlockNode(int nx, int ny, int i, int j, int k)
     return 1 + i + (nx + 1) * (j + (ny + 1) * k);
 }
 
-// A block of nx * ny * nz unit hexahedra, element (i, j, k) numbered i + nx * (j + ny * k) + 1,
-// each listing its bottom corners counter-clockwise seen from above, then its top ones; the
-// kernel is built (mode 1: the connect is dynamic and needs none).
-inline void Block(vis_Connect* c, int nx, int ny, int nz, int mode = 0)
+// The nodes of a block of nx * ny * nz unit cells, at integer coordinates.
+inline void BlockNodes(vis_Connect* c, int nx, int ny, int nz)
 {
-    vis_ConnectMode(c, mode);
-    int numnode = (nx + 1) * (ny + 1) * (nz + 1);
-    vis_ConnectDef(c, numnode, nx * ny * nz);
     for (int k = 0; k <= nz; ++k)
         for (int j = 0; j <= ny; ++j)
             for (int i = 0; i <= nx; ++i) {
                 const double x[3] = {double(i), double(j), double(k)};
                 vis_ConnectSetCoordsdv(c, BlockNode(nx, ny, i, j, k), x);
             }
+}
+
+// The corners of cell (i, j, k): its bottom ones counter-clockwise seen from above, then its
+// top ones.
+inline void BlockCell(int nx, int ny, int i, int j, int k, int n[8])
+{
+    const int ijk[8][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
+    for (int a = 0; a < 8; ++a) n[a] = BlockNode(nx, ny, i + ijk[a][0], j + ijk[a][1], k + ijk[a][2]);
+}
+
+// A block of nx * ny * nz unit hexahedra, element (i, j, k) numbered i + nx * (j + ny * k) + 1,
+// each listing its cell's corners; the kernel is built (mode 1: the connect is dynamic and needs
+// none).
+inline void Block(vis_Connect* c, int nx, int ny, int nz, int mode = 0)
+{
+    vis_ConnectMode(c, mode);
+    vis_ConnectDef(c, (nx + 1) * (ny + 1) * (nz + 1), nx * ny * nz);
+    BlockNodes(c, nx, ny, nz);
     int id = 0;
     for (int k = 0; k < nz; ++k)
         for (int j = 0; j < ny; ++j)
             for (int i = 0; i < nx; ++i) {
-                const int n[8] = {BlockNode(nx, ny, i, j, k),         BlockNode(nx, ny, i + 1, j, k),
-                                  BlockNode(nx, ny, i + 1, j + 1, k), BlockNode(nx, ny, i, j + 1, k),
-                                  BlockNode(nx, ny, i, j, k + 1),     BlockNode(nx, ny, i + 1, j, k + 1),
-                                  BlockNode(nx, ny, i + 1, j + 1, k + 1), BlockNode(nx, ny, i, j + 1, k + 1)};
+                int n[8];
+                BlockCell(nx, ny, i, j, k, n);
                 vis_ConnectSetTopology(c, ++id, SYS_SHAPE_HEX, 0, 0, 0);
                 vis_ConnectSetElemNode(c, id, n);
             }

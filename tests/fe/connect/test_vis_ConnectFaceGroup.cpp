@@ -5,6 +5,7 @@
 #include "GroupTestMesh.h"
 #include "vis_Connect.h"
 #include "vis_ConnectGroup.h"
+#include "vis_ConnectGroupInternal.h"
 #include "vis_ConnectKernel.h"
 #include "vis_Group.h"
 #include "vsy_TestSupport.h"
@@ -537,6 +538,23 @@ namespace {
 // The rule of free faces and of every face once, straight from the node rows: the elements at
 // all corners of the face (vis_ConnectNodeElemCommon), other than the element and in the
 // source.
+int RuleFace(vis_Connect* c, int oper, vis_Group* source, int id, int no, vis_ConnectGroupWork*)
+{
+    int n = 0, pos[64], corners[64], num = 0, elems[256];
+    vis_ConnectElemCorn(c, SYS_FACE, id, no, &n, pos);
+    for (int k = 0; k < n; ++k) vis_ConnectIndElemNode(c, id, pos[k] - 1, &corners[k]);
+    vis_ConnectNodeElemCommon(c, n, corners, &num, elems);
+    int others = 0, lowest = 1;
+    for (int k = 0; k < num; ++k) {
+        int in = 1;
+        if (source) vis_GroupGetIndex(source, elems[k], &in);
+        if (elems[k] == id || !in) continue;
+        ++others;
+        lowest = lowest && elems[k] > id;
+    }
+    return others == 0 || (oper == VIS_CGROUP_EVERYONCE && lowest);
+}
+
 std::vector<std::array<int, 2>> ReferenceFaces(vis_Connect* c, int oper, vis_Group* source)
 {
     std::vector<std::array<int, 2>> out;
@@ -546,21 +564,8 @@ std::vector<std::array<int, 2>> ReferenceFaces(vis_Connect* c, int oper, vis_Gro
         if (!flags) continue;
         int nface = 0;
         vis_ConnectElemNum(c, SYS_FACE, id, &nface);
-        for (int no = 1; no <= nface; ++no) {
-            int n = 0, pos[64], corners[64], num = 0, elems[64];
-            vis_ConnectElemCorn(c, SYS_FACE, id, no, &n, pos);
-            for (int k = 0; k < n; ++k) vis_ConnectIndElemNode(c, id, pos[k] - 1, &corners[k]);
-            vis_ConnectNodeElemCommon(c, n, corners, &num, elems);
-            int others = 0, lowest = 1;
-            for (int k = 0; k < num; ++k) {
-                int in = 1;
-                if (source) vis_GroupGetIndex(source, elems[k], &in);
-                if (elems[k] == id || !in) continue;
-                ++others;
-                lowest = lowest && elems[k] > id;
-            }
-            if (others == 0 || (oper == VIS_CGROUP_EVERYONCE && lowest)) out.push_back({id, no});
-        }
+        for (int no = 1; no <= nface; ++no)
+            if (RuleFace(c, oper, source, id, no, nullptr)) out.push_back({id, no});
     }
     return out;
 }
@@ -671,6 +676,123 @@ TEST_F(FaceGroupTest, DynamicModeGivesTheSameFacesAsStaticMode)
         EXPECT_GT(FlagCount(f), 0);
     }
     ExpectNoReport();
+}
+
+}  // namespace
+
+// The scan's plain C form, built by FreeScanScalar.cpp.
+void vis_Connect_FreeScanScalar(vis_Connect* c, int oper, vis_Group* source, vis_Group* dest,
+                                vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
+
+namespace {
+
+// A block of nx x ny x nz cells in layers along z: layer k % 3 == 0 of hexahedra, 1 of two
+// wedges per cell (split by the diagonal from corner 0 to corner 2 of its bottom face), 2 of six
+// tetrahedra per cell around the diagonal from corner 0 to corner 6. Every cell face is split
+// by the diagonal from its lowest to its highest corner, so the wedges and the tetrahedra meet
+// face to face; a hexahedron holds all three corners of each triangle on its top face, which
+// makes those triangles shared and its own top quadrilateral free by the corner rule. The
+// interior nodes of a tetrahedral layer are in 24 elements, more than one eight-entry read.
+void LayeredBlock(vis_Connect* c, int nx, int ny, int nz)
+{
+    static const int wedges[2][6] = {{0, 1, 2, 4, 5, 6}, {0, 2, 3, 4, 6, 7}};
+    static const int tets[6][4] = {{0, 1, 2, 6}, {0, 2, 3, 6}, {0, 3, 7, 6},
+                                   {0, 7, 4, 6}, {0, 4, 5, 6}, {0, 5, 1, 6}};
+    int numelem = 0;
+    for (int k = 0; k < nz; ++k) numelem += nx * ny * (k % 3 == 0 ? 1 : k % 3 == 1 ? 2 : 6);
+    vis_ConnectDef(c, (nx + 1) * (ny + 1) * (nz + 1), numelem);
+    BlockNodes(c, nx, ny, nz);
+    int id = 0;
+    for (int k = 0; k < nz; ++k)
+        for (int j = 0; j < ny; ++j)
+            for (int i = 0; i < nx; ++i) {
+                int h[8];
+                BlockCell(nx, ny, i, j, k, h);
+                if (k % 3 == 0) {
+                    vis_ConnectSetTopology(c, ++id, SYS_SHAPE_HEX, 0, 0, 0);
+                    vis_ConnectSetElemNode(c, id, h);
+                } else if (k % 3 == 1) {
+                    for (const auto& w : wedges) {
+                        const int n[6] = {h[w[0]], h[w[1]], h[w[2]], h[w[3]], h[w[4]], h[w[5]]};
+                        vis_ConnectSetTopology(c, ++id, SYS_SHAPE_WED, 0, 0, 0);
+                        vis_ConnectSetElemNode(c, id, n);
+                    }
+                } else {
+                    for (const auto& t : tets) {
+                        const int n[4] = {h[t[0]], h[t[1]], h[t[2]], h[t[3]]};
+                        vis_ConnectSetTopology(c, ++id, SYS_SHAPE_TET, 0, 0, 0);
+                        vis_ConnectSetElemNode(c, id, n);
+                    }
+                }
+            }
+    vis_ConnectKernel(c);
+}
+
+// Runs one build of the quick scan, as vis_ConnectFaceGroup would, into a new face group.
+class FreeScanTest : public FaceGroupTest {
+protected:
+    using Scan = void (*)(vis_Connect*, int, vis_Group*, vis_Group*, vis_ConnectFaceTest, vis_ConnectGroupWork*);
+    std::vector<std::array<int, 2>> scan(Scan s, int oper, vis_Group* source)
+    {
+        vis_Group* f = faces();
+        s(c, oper, source, f, RuleFace, nullptr);
+        return Flags(f);
+    }
+    // Both operations, whole and with every third element left out of the source, against
+    // the rule read from the rows.
+    void expectRule(Scan s)
+    {
+        vis_Group* src = elems();
+        for (int id = 1; id <= c->numelem; ++id) vis_GroupSetIndex(src, id, id % 3 != 0);
+        for (vis_Group* source : {static_cast<vis_Group*>(nullptr), src})
+            for (int oper : {VIS_CGROUP_FREE, VIS_CGROUP_EVERYONCE})
+                EXPECT_EQ(scan(s, oper, source), ReferenceFaces(c, oper, source))
+                    << "oper " << oper << (source ? " with source" : "");
+    }
+    // The rule on a layered block of 4 x 3 x 5 cells (rows of up to 24 elements), then on the
+    // mixed mesh, whose shells, polygon and polyhedron go to the general test.
+    void expectRuleOnMeshes(Scan s)
+    {
+        LayeredBlock(c, 4, 3, 5);
+        expectRule(s);
+        meshtest::Build(c);
+        vis_ConnectKernel(c);
+        expectRule(s);
+    }
+};
+
+TEST_F(FreeScanTest, TetrahedralBlockHasTwoTrianglesPerBoundarySquare)
+{
+    // Three layers: hexahedra, wedges, tetrahedra, on 3 x 3 cells. Free faces by hand:
+    // bottom z = 0: 9 hexahedron quadrilaterals; top z = 3: 9 squares of 2 triangles = 18; each
+    // of the 4 sides has 3 squares per layer: a quadrilateral in the hexahedron layer, one
+    // wedge quadrilateral face per square in the wedge layer, 2 triangles in the tetrahedron
+    // layer, so 3 * (1 + 1 + 2) = 12 per side, 48 in all; between the hexahedra and the wedges
+    // the 9 hexahedron tops are free (no wedge holds all four corners), and the 18 wedge
+    // bottoms are not (the hexahedron below holds their three corners). 9 + 18 + 48 + 9 = 84.
+    LayeredBlock(c, 3, 3, 3);
+    ASSERT_EQ(c->numelem, 9 + 18 + 54);
+    int longest = 0;
+    vis_ConnectMaxNodeElem(c, &longest);
+    EXPECT_GT(longest, 8);
+    EXPECT_EQ(scan(vis_Connect_FreeScanBase, VIS_CGROUP_FREE, nullptr).size(), 84u);
+    EXPECT_EQ(faceOper(VIS_CGROUP_FREE, nullptr), 84);
+}
+
+TEST_F(FreeScanTest, BaselineScanFollowsTheRowRule)
+{
+    expectRuleOnMeshes(vis_Connect_FreeScanBase);
+}
+
+TEST_F(FreeScanTest, PlainScanFollowsTheRowRule)
+{
+    expectRuleOnMeshes(vis_Connect_FreeScanScalar);
+}
+
+TEST_F(FreeScanTest, Avx2ScanFollowsTheRowRule)
+{
+    if (!vis_Connect_FreeScanHasAvx2()) GTEST_SKIP() << "no AVX2 build of the scan, or no AVX2 on this processor";
+    expectRuleOnMeshes(vis_Connect_FreeScanAvx2);
 }
 
 }  // namespace

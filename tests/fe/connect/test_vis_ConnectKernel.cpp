@@ -374,7 +374,8 @@ TEST_F(KernelStaticTest, RepeatedNodeCountsOnceInItsRow)
 {
     // One triangle naming node 2 twice, in a mesh of 5 nodes: its row lists the element once,
     // while the raw total of list entries stays 3, and nodeelem is allocated for that total
-    // (with one spare entry): 4 ints, where the distinct count 2 would give 3.
+    // and the pad of VIS_CONNECT_ROWPAD (8) entries: 11 ints, where the distinct count 2 would
+    // give 10. Everything past the last row (entries 2 to 10) is 0.
     vis_ConnectDef(c, 5, 1);
     const int n[3] = {1, 2, 2};
     vis_ConnectSetTopology(c, 1, SYS_SHAPE_TRI, 0, 0, 0);
@@ -383,8 +384,9 @@ TEST_F(KernelStaticTest, RepeatedNodeCountsOnceInItsRow)
     vis_ConnectKernel(c);
     const std::vector<size_t> sizes = AllocState().sizes;
     RestoreAllocation();
-    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 4 * sizeof(int)), 1);
-    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 3 * sizeof(int)), 0);
+    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 11 * sizeof(int)), 1);
+    EXPECT_EQ(std::count(sizes.begin(), sizes.end(), 10 * sizeof(int)), 0);
+    for (int k = 2; k <= 10; ++k) EXPECT_EQ(c->nodeelem[k], 0) << "entry " << k;
     EXPECT_EQ(c->nodeelemsize[2], 1);
     // Row starts: node 1 at 0, node 2 at 1, nodes 3 to 5 (empty) at 2.
     EXPECT_EQ(c->nodeelempntr[3], 2);
