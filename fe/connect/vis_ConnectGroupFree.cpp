@@ -27,6 +27,16 @@ int vis_Connect_FreeScanHasAvx2(void)
 #endif
 }
 
+#if !defined(TEV_FREESCAN_AVX2)
+/* Without an AVX2 build the name stays defined, for callers that ask vis_Connect_FreeScanHasAvx2
+ * first; it is never reached. */
+void vis_Connect_FreeScanAvx2(vis_Connect* c, int oper, vis_Group* source, vis_Group* dest,
+                              vis_ConnectFaceTest general, vis_ConnectGroupWork* w)
+{
+    vis_Connect_FreeScanBase(c, oper, source, dest, general, w);
+}
+#endif
+
 int vis_Connect_GroupFreeFaces(vis_Connect* c, int oper, vis_Group* source, vis_Group* dest,
                                vis_ConnectFaceTest general, vis_ConnectGroupWork* w)
 {

@@ -79,8 +79,7 @@ typedef int (*vis_ConnectFaceTest)(vis_Connect*, int, struct vis_Group*, int, in
 int vis_Connect_GroupFreeFaces(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
                                vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
 /* The scan of the quick path once it applies, for the baseline instruction set and for AVX2
- * (defined only where the compiler builds it, and to be called only where the processor has
- * it); both give the same flags. */
+ * (to be called only where vis_Connect_FreeScanHasAvx2 says so); both give the same flags. */
 void vis_Connect_FreeScanBase(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
                               vis_ConnectFaceTest general, vis_ConnectGroupWork* w);
 void vis_Connect_FreeScanAvx2(vis_Connect* c, int oper, struct vis_Group* source, struct vis_Group* dest,
