@@ -11,6 +11,8 @@
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
 #include <vtkShaderProperty.h>
+#include <vtkStreamingDemandDrivenPipeline.h>
+#include <vtkTrivialProducer.h>
 
 #include <vector>
 
@@ -23,7 +25,13 @@ void ShapeActorData::Freeze(vtkActor* actor)
     source->Update();
     vtkPolyData* made = vtkPolyData::SafeDownCast(source->GetOutputDataObject(0));
     if (!made) return;
-    mapper->SetInputDataObject(0, Compact(made));
+    // The default executive of both ends is the composite-data pipeline, whose request objects
+    // a plain polydata never needs: the lighter streaming pipeline runs them both.
+    auto producer = vtkSmartPointer<vtkTrivialProducer>::New();
+    producer->SetExecutive(vtkSmartPointer<vtkStreamingDemandDrivenPipeline>::New());
+    producer->SetOutput(Compact(made));
+    mapper->SetExecutive(vtkSmartPointer<vtkStreamingDemandDrivenPipeline>::New());
+    mapper->SetInputConnection(0, producer->GetOutputPort());
     // Bounds and renders of a static mapper read its input as it is, without the pipeline,
     // which every rebuild's clipping range would otherwise ask of each actor.
     mapper->StaticOn();

@@ -26,6 +26,7 @@
 #include <vtkCoordinate.h>
 #include <vtkRenderWindow.h>
 #include <vtkCellData.h>
+#include <vtkExecutive.h>
 #include <vtkMapper.h>
 #include <vtkPolyData.h>
 #include <vtkRenderer.h>
@@ -210,6 +211,10 @@ TEST_F(ShapeActorDataViewerTest, AShapeActorHoldsItsCopyWithoutTheBridgeSourceAn
         EXPECT_TRUE(mapper->GetStatic());
         EXPECT_TRUE(vtkTrivialProducer::SafeDownCast(mapper->GetInputAlgorithm()) != nullptr);
         EXPECT_TRUE(IVtkTools_ShapeObject::GetOccShape(entry.second).IsNull());
+        // Both ends run on the plain streaming pipeline, not the composite-data one.
+        EXPECT_FALSE(mapper->GetExecutive()->IsA("vtkCompositeDataPipeline"));
+        EXPECT_TRUE(mapper->GetExecutive()->IsA("vtkStreamingDemandDrivenPipeline"));
+        EXPECT_FALSE(mapper->GetInputAlgorithm()->GetExecutive()->IsA("vtkCompositeDataPipeline"));
         EXPECT_EQ(entry.second->GetShaderProperty(), ShapeActorData::SharedShaderProperty());
         vtkPolyData* data = vtkPolyData::SafeDownCast(mapper->GetInput());
         ASSERT_NE(data, nullptr);
