@@ -71,11 +71,9 @@ vtkSmartPointer<vtkPolyData> ShapeActorData::Compact(vtkPolyData* data)
     if (data->GetNumberOfLines() > 0) kept->SetLines(data->GetLines());
     if (data->GetNumberOfPolys() > 0) kept->SetPolys(data->GetPolys());
     if (data->GetNumberOfStrips() > 0) kept->SetStrips(data->GetStrips());
-    // The cell attributes (sub-shape ids and mesh kinds) serve the bridge's own filters and its
-    // pick by actor, neither of which sees this copy; the point attributes (normals) shade.
-
-    // The bridge allocates room for a thousand cells of each kind, which a shape's few cells
-    // never use.
+    // No cell attributes: the sub-shape ids and mesh kinds serve the bridge's own filters and its
+    // pick by actor, neither of which sees this copy. The bridge allocates room for a thousand
+    // cells of each kind, which a shape's few cells never use.
     kept->Squeeze();
     return kept;
 }

@@ -24,8 +24,10 @@ class vtkShaderProperty;
 class ShapeActorData
 {
 public:
-    // Runs the actor's pipeline once, hands its mapper the compact copy and makes the mapper
-    // static. Does nothing to an actor whose mapper gives no vtkPolyData.
+    // Runs the actor's data source once and hands the mapper the compact copy through a trivial
+    // producer; both run on the plain streaming executive, the mapper is made static and the
+    // actor takes the shared shader property. Does nothing to an actor whose mapper has no
+    // input algorithm giving a vtkPolyData.
     static void Freeze(vtkActor* actor);
     // A copy of `data` that shares its points, point attributes and cell arrays, without the
     // cells of vertices that bound an edge and without cell attributes, cut to its size.
