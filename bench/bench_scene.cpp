@@ -7,6 +7,12 @@
 //
 // The picture is rendered every 50 steps and at each report, so that every actor has built its
 // tessellation and graphics buffers when memory is read.
+//
+// Under Mesa's software renderer with its rasterizer threads (the default under Xvfb), what it
+// keeps of the frames it drew (a few KB for each shape drawn) is part of the resident memory
+// read after a render, and whether a report finds one such frame more or less than the start of
+// its window depends on the renderer's rotation of frames; LP_NUM_THREADS=0 (rasterizing in the
+// calling thread) leaves it out.
 #include "BenchSupport.h"
 #include "LineShapeParaCreator.h"
 #include "ShapeDocMgr.h"

@@ -38,6 +38,10 @@
 // of 10) are meant as the user sees them and are scaled by the device pixel ratio, so the same
 // gesture snaps the same on a scaled display.
 //
+// Shape actors. A shape's actor keeps a compact copy of the bridge's mesh and lets the bridge's
+// data source go (see ShapeActorData.h); deliberately, the vertices that bound an edge are not
+// drawn as points of their own, which changes only the few pixels where such a vertex is drawn.
+//
 // Texts. The status text's count ("选中 %d 个对象") is built from UTF-8, not from the local 8-bit
 // encoding, so it reads the same whatever the host's locale is.
 #ifndef TEVBASICVIEWER_H

@@ -13,6 +13,7 @@
 #include "DisplayProjection.h"
 #include "DrawerOutput.h"
 #include "SelectionMgr.h"
+#include "ShapeActorData.h"
 #include "ShapeActorLook.h"
 #include "ShapeBounds.h"
 #include "ShapeLabelMgr.h"
@@ -152,14 +153,9 @@ void TevBasicViewer::AddShape(TopoDS_Shape* shape)
     picker->SetSelectionMode(occ, SM_Edge, true);
 
     vtkSmartPointer<vtkActor> actor = ShapeRenderTool::CreateActorForShape(*shape);
-    // The shape never changes under its actor (a changed shape gets a new one), so the data
-    // is made once here and the mapper is static: bounds and renders of the kept actors then
-    // skip the pipeline, which every rebuild's clipping range would otherwise ask of each.
-    actor->GetMapper()->Update();
-    actor->GetMapper()->StaticOn();
-    // The bridge's data starts with room for a thousand cells of each kind (about 48 KB),
-    // which the shape's few cells never use: give it back.
-    if (vtkPolyData* data = vtkPolyData::SafeDownCast(actor->GetMapper()->GetInput())) data->Squeeze();
+    // The shape never changes under its actor (a changed shape gets a new one): the data is
+    // made once and kept without the pipeline that made it.
+    ShapeActorData::Freeze(actor);
     m_shapeActors.push_back(actor);
     m_renderer->AddActor(actor);
 
